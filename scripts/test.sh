@@ -1,0 +1,12 @@
+#!/usr/bin/env bash
+# Installs what is missing, builds both targets and runs every test.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+scripts/install-deps.sh
+scripts/check-windows-headers.sh
+scripts/build.sh native san win
+echo "== native tests"
+ctest --test-dir build --output-on-failure -j "$(nproc)"
+echo "== native tests under AddressSanitizer and UndefinedBehaviorSanitizer"
+ASAN_OPTIONS=detect_leaks=1 ctest --test-dir build-san --output-on-failure -j "$(nproc)"
+echo "== all tests passed"

@@ -1,0 +1,113 @@
+// The seam between the portable core and the operating system.
+//
+// Everything the core needs from the system goes through these functions:
+// message boxes, window messages, memory mappings and reserved ranges, files
+// by UTF-8 name, the wait cursor and thread priority. Exactly one
+// implementation is linked: src/platform/win32 in the product, or
+// src/platform/headless in native tests, which records what was asked and
+// answers from a script (see headless/headless.h).
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <cstdio>
+#include <string>
+
+namespace platform {
+
+// Windows that portable code addresses by role; the shell binds each role
+// to a real window handle.
+enum class Window {
+  None,  // no owner
+  Frame,
+  StatusBar,
+  MdiClient,
+  ToolBar,
+  ControlPanel,
+  LayerPanel,
+  PartsBox,
+};
+
+// Message box styles and answers carry their Win32 values, so the Win32
+// side passes them through.
+enum : unsigned {
+  MbOk = 0x0,
+  MbOkCancel = 0x1,
+  MbYesNoCancel = 0x3,
+  MbYesNo = 0x4,
+  MbIconError = 0x10,
+  MbIconQuestion = 0x20,
+  MbIconWarning = 0x30,
+  MbIconInformation = 0x40,
+};
+enum : int { IdOk = 1, IdCancel = 2, IdYes = 6, IdNo = 7 };
+
+// Private window messages of the shell.
+enum : uint32_t {
+  MsgStatus = 1024,         // progress and status texts of the status bar
+  MsgRulerMark = 1035,      // pointer mark of a ruler
+  MsgLayerRedraw = 1036,    // layer panel: one thumbnail, or the whole list
+  MsgCanvasGoing = 1037,    // layer panel: a canvas is going away
+  MsgPartsBoxRefresh = 1039,
+};
+
+// Shows a message box; returns the button pressed (IdOk, IdYes, ...).
+int ShowMessageBox(Window owner, const std::string& text, const std::string& caption,
+                   unsigned style);
+
+// Sends a message to a window and returns its result.
+intptr_t SendToWindow(Window to, uint32_t message, intptr_t wParam, intptr_t lParam);
+
+// Anonymous, page-file backed shared memory seen through movable views.
+using MappingHandle = void*;
+MappingHandle CreateMapping(uint64_t size, const std::string& name);  // null on failure
+void CloseMapping(MappingHandle mapping);
+void* MapView(MappingHandle mapping, uint64_t offset, size_t size);  // null on failure
+void UnmapView(void* view, size_t size);
+uint32_t AllocationGranularity();
+
+// Address space reserved without backing; committed pages read as zero.
+void* ReserveRange(size_t size);                 // null on failure
+bool CommitRange(void* address, size_t size);    // false when the system refuses
+void ReleaseRange(void* address, size_t size);
+
+// The last system error of the calling thread, and its text.
+uint32_t LastError();
+std::string ErrorText(uint32_t code);
+
+// Thread priority of the calling thread, in Win32 numbers.
+enum : int { PriorityNormal = 0, PriorityTimeCritical = 15 };
+int ThreadPriority();
+void SetThreadPriority(int priority);
+
+// A unique name made from a template ending in "XXXXXX".
+std::string TempName(const std::string& templ);
+
+// Opens a file by its UTF-8 name, with fopen modes.
+FILE* OpenFile(const std::string& path, const char* mode);
+
+// The hourglass while a long operation runs.
+void SetWaitCursor(bool on);
+
+// Raises the thread priority for one scope and restores it on every exit.
+class PriorityBoost {
+ public:
+  explicit PriorityBoost(int priority) : saved_(ThreadPriority()) { SetThreadPriority(priority); }
+  ~PriorityBoost() { SetThreadPriority(saved_); }
+  PriorityBoost(const PriorityBoost&) = delete;
+  PriorityBoost& operator=(const PriorityBoost&) = delete;
+
+ private:
+  int saved_;
+};
+
+// Shows the wait cursor for one scope.
+class WaitCursor {
+ public:
+  WaitCursor() { SetWaitCursor(true); }
+  ~WaitCursor() { SetWaitCursor(false); }
+  WaitCursor(const WaitCursor&) = delete;
+  WaitCursor& operator=(const WaitCursor&) = delete;
+};
+
+}  // namespace platform

@@ -1,0 +1,120 @@
+// The seam on Win32: the product's implementation.
+#include "platform/win32/win32_platform.h"
+
+#include <array>
+#include <cstdlib>
+#include <cstring>
+#include <io.h>
+
+namespace platform {
+
+namespace {
+std::array<HWND, 16> boundWindows{};
+}
+
+void BindWindow(Window role, HWND window) { boundWindows[static_cast<size_t>(role)] = window; }
+
+HWND BoundWindow(Window role) { return boundWindows[static_cast<size_t>(role)]; }
+
+std::wstring Widen(const std::string& utf8) {
+  if (utf8.empty()) return {};
+  int n = MultiByteToWideChar(CP_UTF8, 0, utf8.data(), static_cast<int>(utf8.size()), nullptr, 0);
+  std::wstring wide(static_cast<size_t>(n), L'\0');
+  MultiByteToWideChar(CP_UTF8, 0, utf8.data(), static_cast<int>(utf8.size()), wide.data(), n);
+  return wide;
+}
+
+std::string Narrow(const std::wstring& wide) {
+  if (wide.empty()) return {};
+  int n = WideCharToMultiByte(CP_UTF8, 0, wide.data(), static_cast<int>(wide.size()), nullptr, 0,
+                              nullptr, nullptr);
+  std::string utf8(static_cast<size_t>(n), '\0');
+  WideCharToMultiByte(CP_UTF8, 0, wide.data(), static_cast<int>(wide.size()), utf8.data(), n,
+                      nullptr, nullptr);
+  return utf8;
+}
+
+// Texts are UTF-8 inside; the wide calls show Japanese on any locale.
+int ShowMessageBox(Window owner, const std::string& text, const std::string& caption,
+                   unsigned style) {
+  return MessageBoxW(BoundWindow(owner), Widen(text).c_str(), Widen(caption).c_str(), style);
+}
+
+intptr_t SendToWindow(Window to, uint32_t message, intptr_t wParam, intptr_t lParam) {
+  HWND window = BoundWindow(to);
+  if (!window) return 0;
+  return SendMessageW(window, message, static_cast<WPARAM>(wParam), static_cast<LPARAM>(lParam));
+}
+
+MappingHandle CreateMapping(uint64_t size, const std::string& name) {
+  return CreateFileMappingA(INVALID_HANDLE_VALUE, nullptr, PAGE_READWRITE,
+                            static_cast<DWORD>(size >> 32), static_cast<DWORD>(size),
+                            name.c_str());
+}
+
+void CloseMapping(MappingHandle mapping) {
+  if (mapping) CloseHandle(mapping);
+}
+
+void* MapView(MappingHandle mapping, uint64_t offset, size_t size) {
+  return MapViewOfFile(mapping, FILE_MAP_ALL_ACCESS, static_cast<DWORD>(offset >> 32),
+                       static_cast<DWORD>(offset), size);
+}
+
+void UnmapView(void* view, size_t) {
+  if (view) UnmapViewOfFile(view);
+}
+
+uint32_t AllocationGranularity() {
+  SYSTEM_INFO info;
+  GetSystemInfo(&info);
+  return info.dwAllocationGranularity;
+}
+
+void* ReserveRange(size_t size) {
+  return VirtualAlloc(nullptr, size, MEM_RESERVE | MEM_TOP_DOWN, PAGE_READWRITE);
+}
+
+bool CommitRange(void* address, size_t size) {
+  return VirtualAlloc(address, size, MEM_COMMIT, PAGE_READWRITE) != nullptr;
+}
+
+void ReleaseRange(void* address, size_t) {
+  if (address) VirtualFree(address, 0, MEM_RELEASE);
+}
+
+uint32_t LastError() { return GetLastError(); }
+
+std::string ErrorText(uint32_t code) {
+  wchar_t* text = nullptr;
+  FormatMessageW(FORMAT_MESSAGE_ALLOCATE_BUFFER | FORMAT_MESSAGE_FROM_SYSTEM |
+                     FORMAT_MESSAGE_IGNORE_INSERTS,
+                 nullptr, code, 0, reinterpret_cast<wchar_t*>(&text), 0, nullptr);
+  std::string result = text ? Narrow(text) : std::string();
+  LocalFree(text);
+  return result;
+}
+
+int ThreadPriority() { return GetThreadPriority(GetCurrentThread()); }
+
+void SetThreadPriority(int priority) { ::SetThreadPriority(GetCurrentThread(), priority); }
+
+std::string TempName(const std::string& templ) {
+  std::string name = templ;
+  _mktemp(name.data());
+  return name;
+}
+
+FILE* OpenFile(const std::string& path, const char* mode) {
+  return _wfopen(Widen(path).c_str(), Widen(mode).c_str());
+}
+
+void SetWaitCursor(bool on) {
+  static HCURSOR previous = nullptr;
+  if (on)
+    previous = SetCursor(LoadCursor(nullptr, IDC_WAIT));
+  else
+    SetCursor(previous ? previous : LoadCursor(nullptr, IDC_ARROW));
+}
+
+}  // namespace platform
