@@ -1,6 +1,7 @@
 // The settings record: read whole from "env__.env" at start, written whole
 // at exit. Its layout is a file format, so every field sits at a fixed
-// offset (checked below) and all fields are 32-bit little-endian words.
+// offset (checked below) and all fields but the palette area and the
+// strings are 32-bit little-endian words.
 #pragma once
 
 #include <cstddef>
@@ -9,6 +10,9 @@
 constexpr size_t kSettingsBytes = 366192;
 constexpr size_t kPaletteAreaBytes = 363488;
 constexpr int kToolButtonWords = 102;
+constexpr int kTransientPaths = 2;
+constexpr size_t kTransientPathChars = 256;
+constexpr size_t kTransientPathsOffset = kSettingsBytes - kTransientPaths * kTransientPathChars;
 
 struct PanelPlace {
   int32_t words[6];
@@ -49,7 +53,7 @@ struct Settings {
   int32_t toolButtonOff[kToolButtonWords];
   int32_t noMaskPlane;
   int32_t noTransparencyPlane;
-  int32_t penStrength;
+  int32_t penStrength;  // the tablet's "Strength of Penstroke", 16..200
   int32_t reserved364640[3];
   int32_t darkenOutsideBoundary;
   int32_t forcedZero364656;
@@ -73,16 +77,19 @@ struct Settings {
   int32_t undoBuffer;
   int32_t workBuffer;
   char iconSetName[388];
-  int32_t size365124;
+  int32_t size40to600;  // a size, kept within 40..600 at start
   int32_t lastNewWidth;
   int32_t lastNewHeight;
-  uint8_t reserved365136[kSettingsBytes - 365136];
+  uint8_t reserved365136[kTransientPathsOffset - 365136];
+  // Paths that matter for one run only; cleared at every start.
+  char transientPaths[kTransientPaths][kTransientPathChars];
 };
 
 // The live record.
 extern Settings settings;
 
 static_assert(sizeof(Settings) == kSettingsBytes);
+static_assert(offsetof(Settings, maximized) == 0);
 static_assert(offsetof(Settings, framePosition) == 4);
 static_assert(offsetof(Settings, frameSize) == 8);
 static_assert(offsetof(Settings, statusBarOn) == 12);
@@ -92,19 +99,24 @@ static_assert(offsetof(Settings, ditherOn) == 24);
 static_assert(offsetof(Settings, displayPosition) == 28);
 static_assert(offsetof(Settings, ctrlPanelSide) == 32);
 static_assert(offsetof(Settings, toolState) == 36);
+static_assert(offsetof(Settings, reserved348) == 348);
 static_assert(offsetof(Settings, colorState) == 352);
+static_assert(offsetof(Settings, reserved416) == 416);
 static_assert(offsetof(Settings, panelStates) == 420);
 static_assert(offsetof(Settings, paletteArea) == 660);
+static_assert(offsetof(Settings, reserved364148) == 364148);
 static_assert(offsetof(Settings, selectionHistorySize) == 364160);
 static_assert(offsetof(Settings, numberNotation) == 364164);
 static_assert(offsetof(Settings, defaultDisplay) == 364168);
 static_assert(offsetof(Settings, autoAdjustWindow) == 364172);
+static_assert(offsetof(Settings, reserved364176) == 364176);
 static_assert(offsetof(Settings, noThumbnailRedraw) == 364180);
 static_assert(offsetof(Settings, doubleAccuracyDefault) == 364184);
 static_assert(offsetof(Settings, autoInitToneFilter) == 364188);
 static_assert(offsetof(Settings, noConnectAirbrush) == 364192);
 static_assert(offsetof(Settings, undoCount) == 364196);
 static_assert(offsetof(Settings, restrainUndoDuringFreehand) == 364200);
+static_assert(offsetof(Settings, reserved364204) == 364204);
 static_assert(offsetof(Settings, forcedOne364208) == 364208);
 static_assert(offsetof(Settings, forcedZero364212) == 364212);
 static_assert(offsetof(Settings, outsideDisplay) == 364216);
@@ -112,6 +124,7 @@ static_assert(offsetof(Settings, toolButtonOff) == 364220);
 static_assert(offsetof(Settings, noMaskPlane) == 364628);
 static_assert(offsetof(Settings, noTransparencyPlane) == 364632);
 static_assert(offsetof(Settings, penStrength) == 364636);
+static_assert(offsetof(Settings, reserved364640) == 364640);
 static_assert(offsetof(Settings, darkenOutsideBoundary) == 364652);
 static_assert(offsetof(Settings, forcedZero364656) == 364656);
 static_assert(offsetof(Settings, noWarnNotTsl) == 364660);
@@ -129,10 +142,13 @@ static_assert(offsetof(Settings, gridRed) == 364704);
 static_assert(offsetof(Settings, gridGreen) == 364708);
 static_assert(offsetof(Settings, gridBlue) == 364712);
 static_assert(offsetof(Settings, smallIcons) == 364716);
+static_assert(offsetof(Settings, reserved364720) == 364720);
 static_assert(offsetof(Settings, imageBuffer) == 364724);
 static_assert(offsetof(Settings, undoBuffer) == 364728);
 static_assert(offsetof(Settings, workBuffer) == 364732);
 static_assert(offsetof(Settings, iconSetName) == 364736);
-static_assert(offsetof(Settings, size365124) == 365124);
+static_assert(offsetof(Settings, size40to600) == 365124);
 static_assert(offsetof(Settings, lastNewWidth) == 365128);
 static_assert(offsetof(Settings, lastNewHeight) == 365132);
+static_assert(offsetof(Settings, reserved365136) == 365136);
+static_assert(offsetof(Settings, transientPaths) == 365680);
