@@ -9,4 +9,6 @@ echo "== native tests"
 ctest --test-dir build --output-on-failure -j "$(nproc)"
 echo "== native tests under AddressSanitizer and UndefinedBehaviorSanitizer"
 ASAN_OPTIONS=detect_leaks=1 ctest --test-dir build-san --output-on-failure -j "$(nproc)"
+echo "== the Win32 seam under Wine"
+scripts/wine-check.sh
 echo "== all tests passed"
