@@ -31,6 +31,9 @@ struct RowSlot {
 
 class PlaneMapping;
 class PackedRows;
+#ifdef _WIN32
+struct HDC__;  // a device context handle, as <windows.h> declares it
+#endif
 
 struct Plane {
   uint32_t kind;
@@ -78,6 +81,13 @@ class PlaneStoreObject {
   int SavePlane(Plane* plane, FILE* file);
   int LoadPlane(Plane* plane, FILE* file);
 
+#ifdef _WIN32
+  // Painting through a device context (HDC); the Windows build only.
+  int DrawPlane(HDC__* hdc, Plane* plane, int x, int y);
+  int DrawPlaneStretched(HDC__* hdc, Plane* plane, int x, int y, int w, int h,
+                         uint32_t rop);
+#endif
+
   // The shared work buffer of kScratchBytes bytes, for bulk and file work.
   uint8_t* Scratch() { return scratch.get(); }
 
@@ -85,7 +95,20 @@ class PlaneStoreObject {
   uint32_t serial = 0;
 
  private:
-  // (implementation helpers live in the .cpp files of this folder)
+  // Storage of each kind for a plane whose record is filled in; false when
+  // it can't be had (the caller frees the record).
+  bool CreateFlat(Plane* plane, uint8_t fill, int doFill);
+  bool CreateMapped(Plane* plane, uint8_t fill, int doFill);
+  bool CreatePacked(Plane* plane, uint8_t fill, int doFill);
+
+  // Raw bytes of the stored image, padding included, between the plane and
+  // the scratch; 0 for a Packed plane.
+  int RawRead(Plane* plane, int64_t offset, size_t count);
+  int RawWrite(Plane* plane, int64_t offset, size_t count);
+  // The stored bytes of row y into dest, which holds a stride: padded rows
+  // of a Virtual (rows flushed first) or Physical plane, unpadded of a
+  // Packed one. Serves every depth, 1 and 4 bits too.
+  void ReadStoredRow(Plane* plane, int y, uint8_t* dest);
 };
 
 extern PlaneStoreObject PlaneStore;

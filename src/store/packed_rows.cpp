@@ -1,0 +1,118 @@
+#include "store/packed_rows.h"
+
+#include <zlib.h>
+
+#include <algorithm>
+#include <cstring>
+#include <new>
+
+#include "platform/platform.h"
+
+namespace {
+
+constexpr int kCommitTries = 3;
+
+}  // namespace
+
+PackedRows::~PackedRows() { Release(); }
+
+void PackedRows::Release() {
+  platform::ReleaseRange(reservedBase, reservedSize);
+  delete[] blocks;
+  delete[] blockBuffer;
+  staging_.reset();
+  reservedBase = nullptr;
+  reservedSize = 0;
+  blocks = nullptr;
+  blockBuffer = nullptr;
+  blockCount = 0;
+  blockDirty = 0;
+  blockFirstRow = 0;
+}
+
+int PackedRows::Setup(int bitsIn, int width, int heightIn, int rowsPerBlockIn) {
+  if (bitsIn != 8 && bitsIn != 24) return -1;
+  if (reservedSize) Release();
+  bits = bitsIn;
+  height = heightIn;
+  rowsPerBlock = std::max(rowsPerBlockIn, 4);
+  rowBytes = static_cast<size_t>(width) * (bits / 8);
+  rowStride = (rowBytes + 3) / 4 * 4;
+  blockBytes = static_cast<size_t>(rowsPerBlock) * rowStride;
+  blockCount = (height + rowsPerBlock - 1) / rowsPerBlock;
+
+  blocks = new (std::nothrow) Block[blockCount]();
+  blockBuffer = new (std::nothrow) uint8_t[blockBytes]();
+  staging_.reset(new (std::nothrow) uint8_t[blockBytes]);
+  if (!blocks || !blockBuffer || !staging_) {
+    Release();
+    return -2;
+  }
+  size_t size = rowStride * static_cast<size_t>(height);
+  reservedBase = static_cast<uint8_t*>(platform::ReserveRange(size));
+  if (!reservedBase) {
+    Release();
+    return -3;
+  }
+  reservedSize = size;
+  for (int i = 0; i < blockCount; ++i) blocks[i] = {reservedBase + i * blockBytes, 0};
+  return 0;
+}
+
+bool PackedRows::Commit(uint8_t* address, size_t size) {
+  for (int attempt = 0; attempt < kCommitTries; ++attempt) {
+    if (platform::CommitRange(address, size)) return true;
+    platform::ShowMessageBox(platform::Window::None,
+                             "Please close some other applications and Press OK.",
+                             "Insufficient Memory Available", platform::MbOk);
+  }
+  return false;
+}
+
+int PackedRows::PackBlock() {
+  Block& block = blocks[blockFirstRow / rowsPerBlock];
+  // The last block's place ends with the reserved range, short of a whole block.
+  size_t room = std::min(blockBytes, reservedSize - (block.packed - reservedBase));
+  uLongf packed = room;
+  // Output beyond the room is cut off, and the result isn't examined: a
+  // block that doesn't shrink (noise) later unpacks all but its last bytes.
+  compress(staging_.get(), &packed, blockBuffer, blockBytes);
+  if (packed > 0 && !Commit(block.packed, packed)) return -1;
+  std::memcpy(block.packed, staging_.get(), packed);
+  block.length = packed;
+  return 0;
+}
+
+int PackedRows::Switch(int y, bool unpackEmpty) {
+  if (y >= blockFirstRow && y < blockFirstRow + rowsPerBlock) return 0;
+  int result = 0;
+  if (blockDirty) {
+    result = PackBlock();
+    blockDirty = 0;
+  }
+  const Block& block = blocks[y / rowsPerBlock];
+  blockFirstRow = y / rowsPerBlock * rowsPerBlock;
+  if (block.length != 0) {
+    uLongf size = blockBytes;
+    uncompress(blockBuffer, &size, block.packed, block.length);
+  } else if (!unpackEmpty) {
+    std::memset(blockBuffer, 0, blockBytes);  // a row goes into a fresh block
+  }
+  // Otherwise unpacking a never-stored block fails: blockBuffer keeps what it held.
+  return result;
+}
+
+int PackedRows::StoreRow(int y, const uint8_t* src) {
+  if (!reservedBase || y < 0 || y >= height) return -1;
+  int result = Switch(y, false);
+  std::memcpy(blockBuffer + (y - blockFirstRow) * rowStride, src, rowBytes);
+  blockDirty = 1;
+  return result;
+}
+
+int PackedRows::FetchRow(int y, uint8_t* dest) {
+  if (!reservedBase || y < 0 || y >= height) return -1;
+  int result = Switch(y, true);
+  std::memcpy(dest, blockBuffer + (y - blockFirstRow) * rowStride, rowBytes);
+  return result;
+}

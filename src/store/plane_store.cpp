@@ -1,0 +1,195 @@
+#include "store/plane_store.h"
+
+#include <cstdlib>
+#include <cstring>
+#include <limits>
+#include <new>
+
+#include "store/packed_rows.h"
+#include "store/plane_mapping.h"
+#include "store/row_cache.h"
+
+PlaneStoreObject PlaneStore;
+
+PlaneStoreObject::PlaneStoreObject() : scratch(std::make_unique<uint8_t[]>(kScratchBytes)) {}
+
+PlaneStoreObject::~PlaneStoreObject() = default;
+
+void PlaneStoreObject::Reset() {
+  serial = 0;
+  std::memset(scratch.get(), 0, kScratchBytes);
+}
+
+Plane* PlaneStoreObject::CreatePlane(int width, int height, int bits, int fill, int doFill,
+                                     uint32_t kind) {
+  ++serial;
+  if (bits != 1 && bits != 4 && bits != 8 && bits != 24) return nullptr;
+  if (kind > Packed) return nullptr;
+  if (width < 1) width = 1;
+  if (height < 1) height = 1;
+  int64_t stride = (static_cast<int64_t>(bits) * width + 31) / 32 * 4;
+  // byteSize is 32-bit; and a packed row must fit the scratch, which every
+  // packed access runs through.
+  if (stride * height > std::numeric_limits<int32_t>::max()) return nullptr;
+  if (kind == Packed && stride > kChunkBytes) return nullptr;
+
+  Plane* plane = new (std::nothrow) Plane{};
+  if (!plane) return nullptr;
+  plane->serial = serial;
+  plane->kind = kind;
+  plane->width = width;
+  plane->height = height;
+  plane->bits = static_cast<uint32_t>(bits);
+  plane->bytesPerPixel = static_cast<uint32_t>(bits / 8);
+  plane->stride = static_cast<uint32_t>(stride);
+  plane->byteSize = static_cast<int32_t>(stride * height);
+  plane->rowCacheWide = 0;
+  plane->rowCacheSize = kRowCacheNarrow;
+  // A grey ramp of index values: the 4-bit ramp runs 0..15, unstretched.
+  int entries = bits == 24 ? 0 : 1 << bits;
+  for (int i = 0; i < entries; ++i)
+    plane->palette[i][0] = plane->palette[i][1] = plane->palette[i][2] = static_cast<uint8_t>(i);
+
+  uint8_t value = static_cast<uint8_t>(fill);
+  bool made = kind == Physical ? CreateFlat(plane, value, doFill)
+              : kind == Virtual ? CreateMapped(plane, value, doFill)
+                                : CreatePacked(plane, value, doFill);
+  if (!made) FreePlane(&plane);
+  return plane;
+}
+
+void PlaneStoreObject::FreePlane(Plane** plane) {
+  if (!plane || !*plane) return;
+  Plane* p = *plane;
+  FreeRowSlots(p);
+  delete p->mapping;
+  std::free(p->flatBytes);
+  delete p->packedRows;
+  delete p;
+  *plane = nullptr;
+}
+
+namespace {
+
+// Clips a row request to the plane. On success x0..x1 lie inside and `skip`
+// is how far the caller's buffer moves, so that its position k still stands
+// for column x0 + k of the request. A failed clip changes nothing.
+bool ClipRow(const Plane* plane, int y, int& x0, int& x1, size_t& skip) {
+  if (y < 0 || y >= plane->height) return false;
+  int64_t first = x0 < 0 ? 0 : x0;
+  if (first > plane->width - 1 || x1 < 0) return false;
+  int last = x1 > plane->width - 1 ? plane->width - 1 : x1;
+  if (first > last) return false;
+  skip = static_cast<size_t>(first - x0) * plane->bytesPerPixel;
+  x0 = static_cast<int>(first);
+  x1 = last;
+  return true;
+}
+
+bool Inside(const Plane* plane, int x, int y) {
+  return x >= 0 && x < plane->width && y >= 0 && y < plane->height;
+}
+
+// The bytes of row y from column x0 on, in a Virtual or Physical plane; a
+// Virtual row is brought to the front of the cache for columns x0..x1.
+uint8_t* RowAt(Plane* plane, int y, int x0, int x1) {
+  size_t at = static_cast<size_t>(plane->bytesPerPixel) * x0;
+  if (plane->kind == Physical)
+    return plane->flatBytes + static_cast<size_t>(plane->stride) * y + at;
+  return BringRow(plane, y, x0, x1)->rowBytes + at;
+}
+
+// After a write through RowAt: the front slot of a Virtual plane is dirty.
+void Written(Plane* plane, int x0, int x1) {
+  if (plane->kind == Virtual) MarkDirty(plane->rowSlots[0], x0, x1);
+}
+
+// The n bytes of pixel x of row y; a packed row is fetched into the scratch.
+const uint8_t* PixelBytes(Plane* plane, uint8_t* scratch, int x, int y, size_t n) {
+  if (plane->kind != Packed) return RowAt(plane, y, x, x);
+  plane->packedRows->FetchRow(y, scratch);
+  return scratch + n * x;
+}
+
+void PutPixelBytes(Plane* plane, uint8_t* scratch, int x, int y, const uint8_t* bytes,
+                   size_t n) {
+  if (plane->kind != Packed) {
+    std::memcpy(RowAt(plane, y, x, x), bytes, n);
+    Written(plane, x, x);
+    return;
+  }
+  plane->packedRows->FetchRow(y, scratch);
+  std::memcpy(scratch + n * x, bytes, n);
+  plane->packedRows->StoreRow(y, scratch);
+}
+
+}  // namespace
+
+int PlaneStoreObject::ReadRow(Plane* plane, int y, int x0, int x1, void* dest) {
+  size_t skip = 0;
+  if (!ClipRow(plane, y, x0, x1, skip)) return 0;
+  uint8_t* out = static_cast<uint8_t*>(dest) + skip;
+  size_t bpp = plane->bytesPerPixel;
+  if (plane->kind != Packed) {
+    std::memcpy(out, RowAt(plane, y, x0, x1), (x1 - x0 + 1) * bpp);
+  } else if (x0 == 0) {
+    plane->packedRows->FetchRow(y, out);  // a whole row, whatever x1
+  } else {
+    plane->packedRows->FetchRow(y, scratch.get());
+    std::memcpy(out, scratch.get() + x0 * bpp, (x1 - x0 + 1) * bpp);
+  }
+  return 1;
+}
+
+int PlaneStoreObject::WriteRow(Plane* plane, int y, int x0, int x1, const void* src) {
+  size_t skip = 0;
+  if (!ClipRow(plane, y, x0, x1, skip)) return 0;
+  const uint8_t* in = static_cast<const uint8_t*>(src) + skip;
+  size_t bpp = plane->bytesPerPixel;
+  if (plane->kind != Packed) {
+    std::memcpy(RowAt(plane, y, x0, x1), in, (x1 - x0 + 1) * bpp);
+    Written(plane, x0, x1);
+  } else if (x0 == 0) {
+    plane->packedRows->StoreRow(y, in);  // a whole row, whatever x1
+  } else {
+    plane->packedRows->FetchRow(y, scratch.get());
+    std::memcpy(scratch.get() + x0 * bpp, in, (x1 - x0 + 1) * bpp);
+    plane->packedRows->StoreRow(y, scratch.get());
+  }
+  return 1;
+}
+
+int PlaneStoreObject::ReadPixel24(Plane* plane, int x, int y, uint32_t* r, uint32_t* g,
+                                  uint32_t* b) {
+  // A 24-bit access to a narrower plane would run past its row.
+  if (!Inside(plane, x, y) || plane->bytesPerPixel != 3) return 0;
+  const uint8_t* p = PixelBytes(plane, scratch.get(), x, y, 3);
+  *b = p[0];
+  *g = p[1];
+  *r = p[2];
+  return 1;
+}
+
+int PlaneStoreObject::ReadPixel8(Plane* plane, int x, int y, uint32_t* value) {
+  if (!Inside(plane, x, y)) return 0;
+  // Packed planes answer with the byte two on: the rule of that kind.
+  *value = plane->kind == Packed ? PixelBytes(plane, scratch.get(), x + 2, y, 1)[0]
+                                 : PixelBytes(plane, scratch.get(), x, y, 1)[0];
+  return 1;
+}
+
+int PlaneStoreObject::WritePixel24(Plane* plane, int x, int y, uint32_t r, uint32_t g,
+                                   uint32_t b) {
+  if (!Inside(plane, x, y) || plane->bytesPerPixel != 3) return 0;
+  const uint8_t bgr[3] = {static_cast<uint8_t>(b), static_cast<uint8_t>(g),
+                          static_cast<uint8_t>(r)};
+  PutPixelBytes(plane, scratch.get(), x, y, bgr, 3);
+  return 1;
+}
+
+int PlaneStoreObject::WritePixel8(Plane* plane, int x, int y, uint32_t value) {
+  if (!Inside(plane, x, y)) return 0;
+  const uint8_t byte = static_cast<uint8_t>(value);
+  PutPixelBytes(plane, scratch.get(), x, y, &byte, 1);
+  return 1;
+}

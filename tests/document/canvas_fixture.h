@@ -1,0 +1,69 @@
+// Shared set-up of the canvas tests: a clean seam, zeroed settings with
+// flat planes, and canvases that are freed after each test.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <cstring>
+#include <memory>
+#include <vector>
+
+#include "document/active_canvas.h"
+#include "document/canvas_content.h"
+#include "document/canvas_manager.h"
+#include "document/canvas_request.h"
+#include "platform/headless/headless.h"
+#include "settings/settings.h"
+
+class CanvasTest : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    headless::Reset();
+    std::memset(&settings, 0, sizeof settings);
+    settings.imageBuffer = Physical;
+  }
+  void TearDown() override {
+    for (auto& canvas : canvases) CanvasManager.FreeCanvasPlanes(canvas.get());
+  }
+  Canvas* NewRecord() { return canvases.emplace_back(std::make_unique<Canvas>()).get(); }
+  // A canvas as the New command makes it.
+  Canvas* MakeBlank(int width, int height) {
+    RequestBlankCanvas(width, height, 96);
+    Canvas* canvas = NewRecord();
+    EXPECT_EQ(CanvasManager.MakeCanvas(canvas, nullptr), 1);
+    return canvas;
+  }
+  std::vector<std::unique_ptr<Canvas>> canvases;
+};
+
+using Rgb = std::array<uint32_t, 3>;
+
+inline uint32_t Pixel8(Plane* plane, int x, int y) {
+  uint32_t value = 999;
+  PlaneStore.ReadPixel8(plane, x, y, &value);
+  return value;
+}
+
+inline Rgb Pixel24(Plane* plane, int x, int y) {
+  Rgb rgb{999, 999, 999};
+  PlaneStore.ReadPixel24(plane, x, y, &rgb[0], &rgb[1], &rgb[2]);
+  return rgb;
+}
+
+// True when every byte of every pixel holds value.
+inline bool AllBytes(Plane* plane, uint8_t value) {
+  std::vector<uint8_t> row(static_cast<size_t>(plane->width) * plane->bytesPerPixel);
+  for (int y = 0; y < plane->height; ++y) {
+    PlaneStore.ReadRow(plane, y, 0, plane->width - 1, row.data());
+    for (uint8_t byte : row)
+      if (byte != value) return false;
+  }
+  return true;
+}
+
+inline std::vector<std::string> BoxTexts() {
+  std::vector<std::string> texts;
+  for (const headless::ShownBox& box : headless::Recorded().boxes) texts.push_back(box.text);
+  return texts;
+}
