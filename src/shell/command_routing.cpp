@@ -1,0 +1,30 @@
+#include "shell/command_routing.h"
+
+#include "shell/command_registry.h"
+#include "shell/shell_windows.h"
+
+bool layerResizeDragging = false;
+bool textDialogOpen = false;
+bool colorAdjustOwnsPointer = false;
+bool commandRunning = false;
+
+HookList<Canvas*> undoSnapshotHooks;
+
+void RouteCommand(int id, intptr_t lParam) {
+  if (layerResizeDragging || textDialogOpen) return;
+  if (FrameCommand(id, lParam)) return;
+  // Not the frame's: the active document does it. With no document there is
+  // nothing to do, so picture commands never check for one.
+  if (!shellWindows.activeDocument || !shellWindows.sendCommand) return;
+  WindowHandle document = shellWindows.activeDocument();
+  if (document) shellWindows.sendCommand(document, id, lParam);
+}
+
+void ResetCommandRouting() {
+  ClearCommandHandlers();
+  undoSnapshotHooks.Clear();
+  layerResizeDragging = false;
+  textDialogOpen = false;
+  colorAdjustOwnsPointer = false;
+  commandRunning = false;
+}

@@ -1,0 +1,45 @@
+// Two-stage routing of command numbers. The Win32 frame's WM_COMMAND calls
+// RouteCommand(LOWORD(wParam), lParam) and nothing else; a document
+// window's WM_COMMAND calls CanvasCommand with the Canvas of its first
+// extra word. Commands whose owners are other subsystems reach them through
+// the handlers those subsystems register here; until one registers, the
+// command is routed and does nothing.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+
+#include "document/canvas.h"
+#include "shell/hook_list.h"
+
+// Set by their owners: while any holds, commands are ignored or swallowed.
+extern bool layerResizeDragging;     // a layer is being resized by dragging
+extern bool textDialogOpen;          // the Text dialog (tsl_text) is open
+extern bool colorAdjustOwnsPointer;  // a colour-adjust window owns the pointer
+
+// 1 for the length of a document's command handler; the view hides the
+// pointer's outline meanwhile.
+extern bool commandRunning;
+
+// Stage 1 and 2: the frame's handler, then the active document.
+void RouteCommand(int id, intptr_t lParam);
+
+// The frame's handler: 1 when it consumed the command, 0 when the command
+// isn't its own. History entries 40000..40007 become 10007 with the path.
+int FrameCommand(int id, intptr_t lParam);
+
+// The document's handler; does nothing without a canvas.
+void CanvasCommand(Canvas* canvas, int id, intptr_t lParam = 0);
+
+// A picture operation ended: the undo snapshot of the active plane is
+// taken here by the undo history once it registers.
+extern HookList<Canvas*> undoSnapshotHooks;
+
+// Handlers of commands that other subsystems own. A frame handler receives
+// lParam (for 10007 a const char* path); a canvas handler the canvas.
+using FrameCommandHandler = std::function<void(intptr_t lParam)>;
+using CanvasCommandHandler = std::function<void(Canvas* canvas, intptr_t lParam)>;
+void RegisterFrameCommand(int id, FrameCommandHandler handler);
+void RegisterCanvasCommand(int id, CanvasCommandHandler handler);
+// Drops every registration and clears the flags above (tests).
+void ResetCommandRouting();

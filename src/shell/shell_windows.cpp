@@ -1,0 +1,3 @@
+#include "shell/shell_windows.h"
+
+ShellWindows shellWindows;
