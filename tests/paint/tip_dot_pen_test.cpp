@@ -1,0 +1,138 @@
+// Dot pens: the tip cut to the box of what is not white, the pen data
+// folders listed in byte order, and the families shipped with the program.
+#include <algorithm>
+#include <cstring>
+#include <fstream>
+
+#include "paint/dot_pen.h"
+#include "store/dib.h"
+#include "tip_test_support.h"
+
+namespace {
+
+using namespace tiptest;
+namespace fs = std::filesystem;
+
+class DotPenTest : public PenTest {
+ protected:
+  // A white picture with the given pixels, saved as a BMP.
+  struct Dot {
+    int x, y;
+    uint32_t r, g, b;
+  };
+  void SavePicture(const fs::path& path, int width, int height, std::initializer_list<Dot> dots) {
+    fs::create_directories(path.parent_path());
+    Plane* picture = PlaneStore.CreatePlane(width, height, 24, 255, 1, Physical);
+    for (Dot d : dots) PlaneStore.WritePixel24(picture, d.x, d.y, d.r, d.g, d.b);
+    ASSERT_EQ(1, SaveBmp(picture, path.string()));
+    PlaneStore.FreePlane(&picture);
+  }
+  Raster TipOf(const fs::path& path) {
+    Plane* tip = LoadDotTip(path.string());
+    Raster raster = Read(tip);
+    PlaneStore.FreePlane(&tip);
+    return raster;
+  }
+};
+
+TEST_F(DotPenTest, TipIsTheBoxOfWhatIsNotWhite) {
+  fs::path file = scratch.path / "pen.bmp";
+  // Only pixels whose largest channel is below 255 count: pure yellow at
+  // (10, 7) does not, the near white at (2, 5) does. Box x 2..6, y 2..5.
+  SavePicture(file, 12, 9,
+              {{3, 4, 0, 0, 0}, {6, 2, 30, 60, 90}, {4, 4, 255, 0, 0}, {10, 7, 255, 255, 0},
+               {2, 5, 254, 254, 254}});
+  Raster tip = TipOf(file);
+  ASSERT_EQ(5, tip.width);
+  ASSERT_EQ(4, tip.height);
+  EXPECT_EQ(255, tip.at(1, 2));            // black
+  EXPECT_EQ(255 - 180 / 3, tip.at(4, 0));  // 195
+  EXPECT_EQ(255 - 255 / 3, tip.at(2, 2));  // red inside the box: 170
+  EXPECT_EQ(1, tip.at(0, 3));              // 255 - 254
+  EXPECT_EQ(0, tip.at(0, 0));              // white inside the box
+
+  // All white, or no file at all: one pixel of nothing.
+  SavePicture(file, 7, 5, {});
+  EXPECT_EQ((Raster{1, 1, {0}}), TipOf(file));
+  EXPECT_EQ((Raster{1, 1, {0}}), TipOf(scratch.path / "missing.bmp"));
+  std::ofstream(file, std::ios::binary | std::ios::trunc) << "BM broken";
+  EXPECT_EQ((Raster{1, 1, {0}}), TipOf(file));
+}
+
+TEST_F(DotPenTest, GreyPicturesAndLargeBoxes) {
+  Plane* grey = PlaneStore.CreatePlane(300, 4, 8, 255, 1, Physical);
+  PlaneStore.WritePixel8(grey, 0, 1, 100);
+  PlaneStore.WritePixel8(grey, 299, 3, 0);
+  Plane* tip = MakeDotTip(grey);
+  Raster raster = Read(tip);
+  EXPECT_EQ(256, raster.width);  // cut to its top left 256 columns
+  EXPECT_EQ(3, raster.height);
+  EXPECT_EQ(155, raster.at(0, 0));
+  PlaneStore.FreePlane(&tip);
+  PlaneStore.FreePlane(&grey);
+}
+
+TEST_F(DotPenTest, FoldersAndFilesAreListedInByteOrder) {
+  fs::path pendata = scratch.path / "pendata";
+  std::string longName(40, 'x');
+  for (const char* family : {"b", "B", "a"}) fs::create_directories(pendata / family);
+  fs::create_directories(pendata / longName);
+  SavePicture(pendata / "a" / "z.bmp", 4, 4, {{1, 1, 0, 0, 0}});
+  SavePicture(pendata / "a" / "Y.BMP", 4, 4, {{2, 3, 0, 0, 0}});
+  std::ofstream(pendata / "a" / "notes.txt") << "not a pen";
+  std::ofstream(pendata / "c.bmp") << "a file, not a family";
+
+  ASSERT_EQ(3, PenDataList.Read(scratch.Prefix()));
+  EXPECT_STREQ("B", PenDataList.folders[0]);
+  EXPECT_STREQ("a", PenDataList.folders[1]);
+  EXPECT_STREQ("b", PenDataList.folders[2]);
+  EXPECT_EQ(0, PenDataList.fileCount);  // "B" is empty
+
+  EXPECT_EQ(1, PenDataList.NextFolder());
+  ASSERT_EQ(2, PenDataList.fileCount);
+  EXPECT_STREQ("Y.BMP", PenDataList.files[0]);
+  EXPECT_STREQ("z.bmp", PenDataList.files[1]);
+  ASSERT_EQ(1, PenDataList.PickDotPen(1));
+  EXPECT_EQ(1, PenDataList.fileInUse);
+  EXPECT_EQ((Raster{1, 1, {255}}), Read(dotTip));
+  EXPECT_EQ(0, PenDataList.PickDotPen(2));
+  EXPECT_EQ("", PenDataList.FilePath(2));
+
+  PenDataList.NextFolder();
+  EXPECT_EQ(1, PenDataList.NextFolder());  // wraps to the first
+  EXPECT_EQ(0, PenDataList.folderInUse);
+}
+
+TEST_F(DotPenTest, ListsStopAtTheirLimits) {
+  fs::path pendata = scratch.path / "pendata";
+  for (int i = 0; i < 25; ++i) fs::create_directories(pendata / ("f" + std::to_string(100 + i)));
+  for (int i = 0; i < 35; ++i) std::ofstream(pendata / "f100" / (std::to_string(100 + i) + ".bmp"));
+  ASSERT_EQ(kPenFolderLimit, PenDataList.Read(scratch.Prefix()));
+  EXPECT_STREQ("f119", PenDataList.folders[19]);
+  EXPECT_EQ(kPenFileLimit, PenDataList.fileCount);
+  EXPECT_STREQ("129.bmp", PenDataList.files[29]);
+
+  EXPECT_EQ(0, PenDataList.Read(scratch.Prefix() + "nowhere/"));  // no pendata at all
+  EXPECT_EQ(0, PenDataList.NextFolder());
+  EXPECT_EQ(0, PenDataList.PickDotPen(0));
+}
+
+TEST_F(DotPenTest, ShippedFamiliesGiveInkedTips) {
+  fs::path shipped = TESEL_PENDATA_DIR;
+  ASSERT_EQ(3, PenDataList.Read(shipped.parent_path().string() + "/"));
+  for (const char* family : {"chalk", "dots", "leaf"}) {
+    int index = 0;
+    while (index < PenDataList.folderCount && std::strcmp(PenDataList.folders[index], family))
+      ++index;
+    ASSERT_EQ(1, PenDataList.SelectFolder(index)) << family;
+    EXPECT_GE(PenDataList.fileCount, 3) << family;
+    for (int i = 0; i < PenDataList.fileCount; ++i) {
+      ASSERT_EQ(1, PenDataList.PickDotPen(i));
+      Raster tip = Read(dotTip);
+      EXPECT_GT(tip.width * tip.height, 4) << PenDataList.files[i];
+      EXPECT_GT(*std::max_element(tip.bytes.begin(), tip.bytes.end()), 100) << PenDataList.files[i];
+    }
+  }
+}
+
+}  // namespace

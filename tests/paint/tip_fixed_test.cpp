@@ -1,0 +1,134 @@
+// Block and frame tips, and which tip a dab gets: stamp, dot tip or the
+// generated one, with its size and tipMinimum.
+#include <algorithm>
+#include <cstdlib>
+
+#include "paint/tip.h"
+#include "tip_test_support.h"
+
+namespace {
+
+using namespace tiptest;
+
+class FixedTipTest : public PenTest {
+ protected:
+  void Build(int shape, double rx, double ry) {
+    pen.tipShape = shape;
+    pen.radiusX = rx;
+    pen.radiusY = ry;
+    ASSERT_EQ(1, BuildTip());
+  }
+  Plane* Filled(int width, int height, int bits, int value) {
+    return PlaneStore.CreatePlane(width, height, bits, value, 1, Physical);
+  }
+};
+
+TEST_F(FixedTipTest, BlockFillsFromTheTopLeftWithZeroLowBytes) {
+  // (rx, ry) -> raster w x h, block trunc(2 rx + 1) x trunc(2 ry + 1).
+  struct Case {
+    double rx, ry;
+    int w, h, bw, bh;
+  };
+  for (Case c : {Case{2, 1, 6, 4, 5, 3}, Case{2.5, 1.4, 6, 4, 6, 3}, Case{0.5, 0, 2, 2, 2, 1},
+                 Case{3.2, 4.9, 8, 10, 7, 10}}) {
+    Build(10, c.rx, c.ry);
+    Raster high = Read(pen.tipHigh), low = Read(pen.tipLow);
+    ASSERT_EQ(c.w, high.width);
+    ASSERT_EQ(c.h, high.height);
+    for (int y = 0; y < c.h; ++y)
+      for (int x = 0; x < c.w; ++x) {
+        EXPECT_EQ(x < c.bw && y < c.bh ? 255 : 0, high.at(x, y)) << x << "," << y;
+        EXPECT_EQ(0, low.at(x, y));
+      }
+  }
+  Build(10, 0, 0);  // a zero radius sets one pixel, in both rasters
+  EXPECT_EQ((Raster{2, 2, {255, 0, 0, 0}}), Read(pen.tipHigh));
+  EXPECT_EQ((Raster{2, 2, {255, 0, 0, 0}}), Read(pen.tipLow));
+  EXPECT_EQ(0, pen.tipAnimated);
+}
+
+TEST_F(FixedTipTest, FrameIsTheRasterOutline) {
+  for (auto [rx, ry] : {std::pair{3.0, 1.5}, {0.0, 0.0}, {0.0, 2.0}}) {
+    Build(11, rx, ry);
+    Raster high = Read(pen.tipHigh);
+    EXPECT_EQ(high, Read(pen.tipLow));
+    for (int y = 0; y < high.height; ++y)
+      for (int x = 0; x < high.width; ++x) {
+        bool edge = x == 0 || y == 0 || x == high.width - 1 || y == high.height - 1;
+        EXPECT_EQ(edge ? 255 : 0, high.at(x, y));
+      }
+  }
+}
+
+TEST_F(FixedTipTest, RadiiOutsideTheirRangeAreBroughtIn) {
+  Build(10, 400, -3);
+  EXPECT_EQ(256, pen.tipHigh->width);
+  EXPECT_EQ(2, pen.tipHigh->height);
+  EXPECT_EQ(127 * 127, pen.radiusXSquared);
+  EXPECT_EQ(0, pen.radiusProduct);
+}
+
+TEST_F(FixedTipTest, FetchTakesStampThenDotTipThenTheGeneratedTip) {
+  static uint8_t high[kTipBufferBytes], low[kTipBufferBytes];
+  int w = 0, h = 0;
+  auto fetch = [&] {
+    std::fill_n(high, kTipBufferBytes, 77);
+    std::fill_n(low, kTipBufferBytes, 77);
+    FetchTipRaster(high, low, &w, &h);
+  };
+
+  // Never built: the generated tip is made on the way.
+  pen.tipShape = 11;
+  pen.radiusX = 2;
+  pen.radiusY = 1;
+  fetch();
+  ASSERT_EQ(6, w);
+  ASSERT_EQ(4, h);
+  Raster frame = Read(pen.tipHigh);
+  EXPECT_TRUE(std::equal(frame.bytes.begin(), frame.bytes.end(), high));
+  EXPECT_EQ(255, low[0]);
+  EXPECT_EQ(0, low[7]);
+  EXPECT_EQ(4.0, tipMinimum());
+
+  // The dot tip: its rows, low bytes 0.
+  dotTip = Filled(3, 5, 8, 0);
+  for (int y = 0; y < 5; ++y) PlaneStore.WritePixel8(dotTip, 1, y, 10 + y);
+  dotTipActive = 1;
+  fetch();
+  ASSERT_EQ(3, w);
+  ASSERT_EQ(5, h);
+  EXPECT_EQ(0, high[0]);
+  EXPECT_EQ(14, high[13]);
+  EXPECT_TRUE(std::all_of(low, low + 15, [](uint8_t v) { return v == 0; }));
+  EXPECT_EQ(3.0, tipMinimum());
+
+  // The stamp, in pen mode Color only: full strength over the pattern.
+  pen.patternImage = Filled(9, 4, 24, 0);
+  pen.patternActive = 1;
+  patternIsTip = 1;
+  fetch();
+  ASSERT_EQ(9, w);
+  ASSERT_EQ(4, h);
+  EXPECT_TRUE(std::all_of(high, high + 36, [](uint8_t v) { return v == 255; }));
+  EXPECT_TRUE(std::all_of(low, low + 36, [](uint8_t v) { return v == 255; }));
+  EXPECT_EQ(77, high[36]);
+  EXPECT_EQ(4.0, tipMinimum());
+  pen.mode = 1;
+  fetch();
+  EXPECT_EQ(3, w);
+
+  // Back to the generated tip; an animated one is rebuilt for each dab.
+  dotTipActive = 0;
+  pen.tipShape = 6;
+  pen.radiusX = pen.radiusY = 8;
+  BuildTip();
+  std::srand(5);
+  fetch();
+  Raster built = Read(pen.tipHigh);
+  EXPECT_TRUE(std::equal(built.bytes.begin(), built.bytes.end(), high));
+  std::srand(6);
+  fetch();
+  EXPECT_NE(built, Read(pen.tipHigh));
+}
+
+}  // namespace
