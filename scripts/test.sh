@@ -11,4 +11,6 @@ echo "== native tests under AddressSanitizer and UndefinedBehaviorSanitizer"
 ASAN_OPTIONS=detect_leaks=1 ctest --test-dir build-san --output-on-failure -j "$(nproc)"
 echo "== the Win32 seam under Wine"
 scripts/wine-check.sh
+echo "== end-to-end tests of tesel.exe under Wine and Xvfb"
+scripts/e2e.sh build-win
 echo "== all tests passed"

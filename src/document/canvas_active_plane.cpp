@@ -2,11 +2,14 @@
 // of the layers, the modified state.
 #include "document/canvas_manager.h"
 #include "document/canvas_slots.h"
+#include "document/undo_history.h"
 #include "platform/platform.h"
 
 void CanvasManagerObject::SelectPlane(Canvas* canvas, int index) {
   if (index < 0 || index >= kPlaneSlots || !canvas->planes[index].plane) return;
   canvas->activePlane = index;
+  // A fresh base of the plane as it stands, without marking a change.
+  UndoHistory.RecordUndo(canvas, -1, 0, -1, -1, -1, -1, 0);
   ResetAccuracy(canvas, 1);
 }
 

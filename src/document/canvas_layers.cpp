@@ -7,6 +7,7 @@
 
 #include "document/canvas_manager.h"
 #include "document/canvas_slots.h"
+#include "document/undo_history.h"
 #include "platform/platform.h"
 #include "resources/strings.h"
 
@@ -129,5 +130,7 @@ int CanvasManagerObject::MoveLayer(Canvas* canvas, int from, int to) {
   saved.reset();
   KeepActivePlaneOnPlane(canvas, SlotIndex(LayerOf(canvas->activePlane), 0));
   NormalizeOrigins(canvas);
+  // An undo across a reorder isn't meaningful.
+  UndoHistory.ClearUndo(canvas, 1, 0);
   return !refused;
 }

@@ -26,6 +26,8 @@ enum class Window {
   ControlPanel,
   LayerPanel,
   PartsBox,
+  HorizontalRuler,  // the rulers of the active document
+  VerticalRuler,
 };
 
 // Message box styles and answers carry their Win32 values, so the Win32
@@ -85,6 +87,8 @@ std::string TempName(const std::string& templ);
 
 // Opens a file by its UTF-8 name, with fopen modes.
 FILE* OpenFile(const std::string& path, const char* mode);
+// Deletes a file by its UTF-8 name; false when it can't be deleted.
+bool RemoveFile(const std::string& path);
 
 // The hourglass while a long operation runs.
 void SetWaitCursor(bool on);

@@ -51,6 +51,8 @@ constexpr int kPasteAsLayer = 14002;
 constexpr int kPasteFromFile = 14003;
 constexpr int kDelete = 14005;
 constexpr int kPasteFromPartsBox = 14008;
+constexpr int kUndo = 14010;
+constexpr int kRedo = 14012;
 
 // Tools: they change currentTool.
 constexpr int kToolFirst = 20000;

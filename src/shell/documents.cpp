@@ -18,6 +18,8 @@
 HookList<Canvas*> beforeCloseHooks;
 HookList<Canvas*> documentReleaseHooks;
 HookList<Canvas*> activationHooks;
+HookList<> frameDestroyHooks;
+HookList<> preferencesClosedHooks;
 
 namespace {
 

@@ -49,3 +49,8 @@ extern HookList<Canvas*> beforeCloseHooks;
 extern HookList<Canvas*> documentReleaseHooks;
 // A document became active: its Draft state comes back, tools refresh.
 extern HookList<Canvas*> activationHooks;
+// The frame's WM_DESTROY, and the preferences sheet once it has closed:
+// run by the Win32 frame, filled by the subsystems whose state outlives a
+// document.
+extern HookList<> frameDestroyHooks;
+extern HookList<> preferencesClosedHooks;

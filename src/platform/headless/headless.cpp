@@ -138,6 +138,8 @@ std::string TempName(const std::string& templ) {
 
 FILE* OpenFile(const std::string& path, const char* mode) { return std::fopen(path.c_str(), mode); }
 
+bool RemoveFile(const std::string& path) { return std::remove(path.c_str()) == 0; }
+
 void SetWaitCursor(bool on) { state.waitCursorDepth += on ? 1 : -1; }
 
 }  // namespace platform

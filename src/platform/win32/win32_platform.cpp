@@ -109,6 +109,8 @@ FILE* OpenFile(const std::string& path, const char* mode) {
   return _wfopen(Widen(path).c_str(), Widen(mode).c_str());
 }
 
+bool RemoveFile(const std::string& path) { return DeleteFileW(Widen(path).c_str()) != 0; }
+
 void SetWaitCursor(bool on) {
   static HCURSOR previous = nullptr;
   if (on)

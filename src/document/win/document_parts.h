@@ -1,0 +1,17 @@
+// The inner windows of a document: shared by the document window's files.
+#pragma once
+
+#include <windows.h>
+
+#include "document/win/document_window.h"
+
+constexpr wchar_t kViewFrameClass[] = L"CanvWndClass";
+constexpr wchar_t kViewClass[] = L"CanvWndDispClass";
+constexpr wchar_t kHorizontalRulerClass[] = L"hGageClass";
+constexpr wchar_t kVerticalRulerClass[] = L"vGageClass";
+
+// What the shell gave RegisterDocumentClasses.
+extern DocumentWindowHandlers documentHandlers;
+
+bool RegisterViewClasses(HINSTANCE instance);
+bool RegisterRulerClasses(HINSTANCE instance);

@@ -1,0 +1,78 @@
+// The rulers of a document (hGageClass above the view, vGageClass at its
+// left). Each has two halves: the outer one for the scale, the inner one
+// for the pointer mark, which message 1035 moves to a view position.
+#include "document/win/document_parts.h"
+#include "platform/platform.h"
+
+namespace {
+
+constexpr COLORREF kScaleColour = RGB(0xF0, 0xF0, 0xF0);
+constexpr int kMarkHalfWidth = 8;  // the light box around the mark is 16 wide
+constexpr LONG_PTR kNoMark = -1;
+
+bool IsHorizontal(HWND ruler) {
+  return GetDlgCtrlID(ruler) == kHorizontalRulerId;
+}
+
+void Fill(HDC dc, RECT r, COLORREF colour) {
+  SetBkColor(dc, colour);
+  ExtTextOutW(dc, 0, 0, ETO_OPAQUE, &r, nullptr, 0, nullptr);
+}
+
+// Along the ruler the coordinates run in `along`; across it in `across`.
+RECT Oriented(bool horizontal, int along0, int along1, int across0, int across1) {
+  return horizontal ? RECT{along0, across0, along1, across1} : RECT{across0, along0, across1, along1};
+}
+
+void Paint(HWND ruler) {
+  PAINTSTRUCT ps;
+  HDC dc = BeginPaint(ruler, &ps);
+  RECT client;
+  GetClientRect(ruler, &client);
+  const bool horizontal = IsHorizontal(ruler);
+  const int length = horizontal ? client.right : client.bottom;
+  const int depth = horizontal ? client.bottom : client.right;
+  const int half = depth / 2;
+  Fill(dc, Oriented(horizontal, 0, length, 0, half), kScaleColour);
+  Fill(dc, Oriented(horizontal, 0, length, half, depth), RGB(0, 0, 0));
+  const LONG_PTR mark = GetWindowLongPtrW(ruler, GWLP_USERDATA);
+  if (mark != kNoMark) {
+    const int at = static_cast<int>(mark);
+    Fill(dc, Oriented(horizontal, at - kMarkHalfWidth, at + kMarkHalfWidth, half, depth),
+         kScaleColour);
+    Fill(dc, Oriented(horizontal, at, at + 1, half, depth), RGB(0, 0, 0));
+  }
+  EndPaint(ruler, &ps);
+}
+
+LRESULT CALLBACK RulerProc(HWND ruler, UINT message, WPARAM wParam, LPARAM lParam) {
+  switch (message) {
+    case WM_CREATE:
+      SetWindowLongPtrW(ruler, GWLP_USERDATA, kNoMark);
+      return 0;
+    case WM_PAINT:
+      Paint(ruler);
+      return 0;
+    case platform::MsgRulerMark:
+      SetWindowLongPtrW(ruler, GWLP_USERDATA, lParam);
+      InvalidateRect(ruler, nullptr, FALSE);
+      return 0;
+  }
+  return DefWindowProcW(ruler, message, wParam, lParam);
+}
+
+bool Register(HINSTANCE instance, const wchar_t* name) {
+  WNDCLASSEXW wc{};
+  wc.cbSize = sizeof wc;
+  wc.lpfnWndProc = RulerProc;
+  wc.hInstance = instance;
+  wc.hCursor = LoadCursor(nullptr, IDC_ARROW);
+  wc.lpszClassName = name;
+  return RegisterClassExW(&wc) != 0;
+}
+
+}  // namespace
+
+bool RegisterRulerClasses(HINSTANCE instance) {
+  return Register(instance, kHorizontalRulerClass) && Register(instance, kVerticalRulerClass);
+}

@@ -1,0 +1,15 @@
+#include "shell/win/message_loop.h"
+
+#include "shell/win/shell_globals.h"
+
+// The MDI keys first, then the program's accelerators, then the rest.
+int RunMessageLoop() {
+  MSG msg{};
+  while (GetMessageW(&msg, nullptr, 0, 0) > 0) {
+    if (TranslateMDISysAccel(mdiClient, &msg)) continue;
+    if (TranslateAcceleratorW(frameWnd, accelerators, &msg)) continue;
+    TranslateMessage(&msg);
+    DispatchMessageW(&msg);
+  }
+  return static_cast<int>(msg.wParam);
+}

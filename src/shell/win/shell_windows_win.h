@@ -1,0 +1,7 @@
+// Connects the portable shell to the Windows side.
+#pragma once
+
+// Fills shellWindows with what the frame's windows do.
+void ConnectShellWindows();
+// Registers the document windows' classes with the shell's handlers.
+bool RegisterDocumentWindows();

@@ -1,0 +1,127 @@
+# Helpers of the end-to-end tests, sourced by each test/*.sh. run.sh sets:
+#   DISPLAY       the virtual X server
+#   WINEPREFIX    this test's own copy of the booted prefix
+#   DIST          this test's own copy of the program folder
+#   PROBE         the window lister (probe.cpp), outside the program folder
+#   OUT           where screenshots and logs of this test go
+set -euo pipefail
+
+fail() {
+  echo "FAIL: $*" >&2
+  probe >&2 || true
+  exit 1
+}
+
+# The program's windows, one a line:
+#   <depth> <class>#<id> "<text>" <w>x<h> @<x>,<y>
+probe() { wine "$PROBE" 2>/dev/null | tr -d '\r'; }
+
+# Waits until the window list matches (or, with wait_gone, no longer
+# matches) an extended regular expression; fails after the timeout.
+wait_for() {
+  local pattern=$1 seconds=${2:-20}
+  local end=$((SECONDS + seconds))
+  while ! probe | grep -Eq -- "$pattern"; do
+    [ $SECONDS -lt $end ] || fail "no window matching '$pattern' within ${seconds}s"
+    sleep 0.2
+  done
+}
+wait_gone() {
+  local pattern=$1 seconds=${2:-20}
+  local end=$((SECONDS + seconds))
+  while probe | grep -Eq -- "$pattern"; do
+    [ $SECONDS -lt $end ] || fail "window matching '$pattern' still there after ${seconds}s"
+    sleep 0.2
+  done
+}
+
+# Starts tesel.exe in the program folder and waits for its frame; FRAME is
+# then the frame's X window and TESEL the process that runs it.
+start_tesel() {
+  (cd "$DIST" && exec wine tesel.exe "$@" >>"$OUT/wine.log" 2>&1) &
+  TESEL=$!
+  wait_for '^0 da00#0 "Tesel'
+  FRAME=$(xdotool search --name '^Tesel' | head -1)
+  [ -n "$FRAME" ] || fail "the frame has no X window"
+}
+
+# Waits until the program started last has ended.
+wait_exit() {
+  local end=$((SECONDS + 20))
+  while kill -0 "$TESEL" 2>/dev/null; do
+    [ $SECONDS -lt $end ] || fail "the program did not end"
+    sleep 0.2
+  done
+}
+
+# Keys go to the window that has the focus; the frame takes it first.
+keys() {
+  xdotool windowfocus "$FRAME" 2>/dev/null || true
+  xdotool key --delay 60 "$@"
+}
+type_text() { xdotool type --delay 60 "$1"; }
+
+# A click on the frame's caption, as a user brings a window forward after
+# another program had the focus.
+activate_frame() {
+  eval "$(xdotool getwindowgeometry --shell "$FRAME")"
+  xdotool mousemove $((X + 200)) $((Y + 10)) click 1
+  sleep 0.3
+}
+
+# Keys to whatever window Wine made active (a dialog or a message box).
+dialog_keys() { xdotool key --delay 60 "$@"; }
+
+# The frame's size on the screen: "<width>x<height>".
+frame_size() {
+  xdotool getwindowgeometry "$FRAME" | sed -n 's/.*Geometry: \([0-9]*x[0-9]*\).*/\1/p'
+}
+
+screenshot() { import -window root "$OUT/$1.png"; }
+
+# The document windows' titles and view sizes, as the probe lists them.
+document_titles() { probe | sed -n 's/^2 CanvClass#[0-9]* "\(.*\)" .*/\1/p'; }
+view_size() { probe | sed -n 's/^4 CanvWndDispClass#0 "" \([0-9]*x[0-9]*\) .*/\1/p' | head -1; }
+# The text of a control of the dialog on top.
+field() { probe | sed -n "s/^1 [A-Za-z]*#$1 \"\(.*\)\" .*/\1/p" | head -1; }
+
+# New picture of the given size through Ctrl+N and the dialog.
+new_document() {
+  keys ctrl+n
+  wait_for '^0 #32770#0 "New"'
+  type_text "$1"
+  dialog_keys Tab
+  type_text "$2"
+  dialog_keys Return
+  wait_gone '^0 #32770#0 "New"'
+}
+
+# A little-endian 32-bit word of a file at a byte offset.
+word_at() { od -An -tu4 -j "$2" -N4 "$1" | tr -d ' '; }
+
+# Answers each box showing a text with Return until none comes for two
+# seconds; prints how many there were.
+dismiss_boxes() {
+  local count=0 quiet=0
+  while [ $quiet -lt 10 ]; do
+    if probe | grep -Eq -- "$1"; then
+      dialog_keys Return
+      count=$((count + 1))
+      quiet=0
+      sleep 0.5
+    else
+      quiet=$((quiet + 1))
+      sleep 0.2
+    fi
+  done
+  echo $count
+}
+
+# Waits until exactly n document windows stand.
+wait_documents() {
+  local end=$((SECONDS + 20))
+  until [ "$(document_titles | wc -l)" -eq "$1" ]; do
+    [ $SECONDS -lt $end ] || fail "expected $1 documents, have $(document_titles | wc -l)"
+    sleep 0.2
+  done
+}

@@ -1,0 +1,21 @@
+# The pages of Preference write the live settings, which are saved at exit:
+# the Undo page's count and its FreeHand box.
+. "$(dirname "$0")/../lib.sh"
+
+undo_count_offset=364196
+restrain_offset=364200
+start_tesel
+keys alt+v Down Return
+wait_for '^0 #32770#0 "Preference"'
+# From the first page's first field back to the tabs, two pages on.
+dialog_keys shift+Tab Right Right
+wait_for '^1 #32770#0 "Undo"'
+dialog_keys Tab
+type_text 7
+wait_for '^2 Edit#121 "7" '
+dialog_keys Tab space Return
+wait_gone '^0 #32770#0 "Preference"'
+keys alt+F4
+wait_exit
+[ "$(word_at "$DIST/env__.env" $undo_count_offset)" -eq 7 ] || fail "undoCount was not saved as 7"
+[ "$(word_at "$DIST/env__.env" $restrain_offset)" -eq 1 ] || fail "Restrain during FreeHand was not saved"
