@@ -7,10 +7,9 @@
 #include <array>
 #include <cstring>
 #include <memory>
+#include <string>
 #include <vector>
 
-#include "document/active_canvas.h"
-#include "document/canvas_content.h"
 #include "document/canvas_manager.h"
 #include "document/canvas_request.h"
 #include "platform/headless/headless.h"
@@ -31,19 +30,13 @@ class CanvasTest : public ::testing::Test {
   Canvas* MakeBlank(int width, int height) {
     RequestBlankCanvas(width, height, 96);
     Canvas* canvas = NewRecord();
-    EXPECT_EQ(CanvasManager.MakeCanvas(canvas, nullptr), 1);
+    EXPECT_EQ(1, CanvasManager.MakeCanvas(canvas, nullptr));
     return canvas;
   }
   std::vector<std::unique_ptr<Canvas>> canvases;
 };
 
 using Rgb = std::array<uint32_t, 3>;
-
-inline uint32_t Pixel8(Plane* plane, int x, int y) {
-  uint32_t value = 999;
-  PlaneStore.ReadPixel8(plane, x, y, &value);
-  return value;
-}
 
 inline Rgb Pixel24(Plane* plane, int x, int y) {
   Rgb rgb{999, 999, 999};
@@ -67,3 +60,5 @@ inline std::vector<std::string> BoxTexts() {
   for (const headless::ShownBox& box : headless::Recorded().boxes) texts.push_back(box.text);
   return texts;
 }
+
+inline std::string LastBoxText() { return BoxTexts().empty() ? "" : BoxTexts().back(); }

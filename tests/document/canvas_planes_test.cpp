@@ -7,61 +7,43 @@ namespace {
 
 using CanvasPlanes = CanvasTest;
 
-TEST_F(CanvasPlanes, LabelsCountFurtherPlanesByKindAndTitlesShowThem) {
+TEST_F(CanvasPlanes, LabelsTitlesAndAccuracyFollowTheActivePlane) {
+  settings.doubleAccuracyDefault = 1;
   Canvas* canvas = MakeBlank(4, 4);
   PlaneSlot* s = canvas->planes;
+  EXPECT_EQ(24u, s[0].accuracyPlane->bits);
+  EXPECT_EQ("Double Accuracy [LAYER0] of Untitled", CanvasManager.TitleText(canvas));
   for (int isTransparency : {0, 1, 1, 0, 1}) CanvasManager.AddPlane(canvas, 0, isTransparency);
   s[5].planeFlags[kFlagLineDraw] = 1;      // a T plane turned Line Draw
   s[6].planeFlags[kFlagTransparency] = 1;  // an M plane turned Transparency
-  const char* expected[8] = {"LAYER0", "Mask", "Transparency", "Mask2",
-                             "Transparency1", "Line Draw1", "Transparency2", "Transparency3"};
-  for (int index = 0; index < 8; ++index)
-    EXPECT_EQ(CanvasManager.PlaneLabel(canvas, index), expected[index]) << index;
+  std::vector<std::string> labels;
+  for (int index = 0; index < 8; ++index) labels.push_back(CanvasManager.PlaneLabel(canvas, index));
+  EXPECT_EQ((std::vector<std::string>{"LAYER0", "Mask", "Transparency", "Mask2", "Transparency1", "Line Draw1",
+                                      "Transparency2", "Transparency3"}),
+            labels);
 
-  EXPECT_EQ(CanvasManager.TitleText(canvas), "Standard Accuracy [LAYER0] of Untitled");
   CanvasManager.SelectPlane(canvas, 5);
+  EXPECT_EQ(nullptr, s[0].accuracyPlane);
+  EXPECT_EQ(8u, s[5].accuracyPlane->bits);
   std::snprintf(canvas->fileName, kFileNameChars, "C:\\art\\ink.tsl");
-  EXPECT_EQ(CanvasManager.TitleText(canvas), "Standard Accuracy [Line Draw1] of C:\\art\\ink.tsl");
-}
-
-TEST_F(CanvasPlanes, AccuracyPlaneFollowsTheActivePlane) {
-  settings.doubleAccuracyDefault = 1;
-  Canvas* canvas = MakeBlank(5, 3);
-  PlaneSlot* s = canvas->planes;
-  ASSERT_NE(s[0].accuracyPlane, nullptr);
-  EXPECT_EQ(s[0].accuracyPlane->bits, 24u);
-  EXPECT_EQ(CanvasManager.TitleText(canvas), "Double Accuracy [LAYER0] of Untitled");
-
-  CanvasManager.SelectPlane(canvas, 2);
-  EXPECT_EQ(s[0].accuracyPlane, nullptr);
-  ASSERT_NE(s[2].accuracyPlane, nullptr);
-  EXPECT_EQ(s[2].accuracyPlane->bits, 8u);
-  EXPECT_EQ(CanvasManager.TitleText(canvas), "Double Accuracy [Transparency] of Untitled");
-  PlaneStore.WritePixel8(s[2].accuracyPlane, 4, 2, 200);
+  EXPECT_EQ("Double Accuracy [Line Draw1] of C:\\art\\ink.tsl", CanvasManager.TitleText(canvas));
+  PlaneStore.WritePixel8(s[5].accuracyPlane, 3, 3, 200);
   CanvasManager.ClearAccuracy(canvas);
-  EXPECT_TRUE(AllBytes(s[2].accuracyPlane, 0));
-
-  CanvasManager.ResetAccuracy(canvas, 0);
-  EXPECT_EQ(s[2].accuracyPlane, nullptr);
+  EXPECT_TRUE(AllBytes(s[5].accuracyPlane, 0));
   canvas->doubleAccuracy = 0;
   CanvasManager.ResetAccuracy(canvas, 1);
-  EXPECT_EQ(CanvasManager.TitleText(canvas), "Standard Accuracy [Transparency] of Untitled");
-}
+  EXPECT_EQ(nullptr, s[5].accuracyPlane);
+  EXPECT_EQ("Standard Accuracy [Line Draw1] of C:\\art\\ink.tsl", CanvasManager.TitleText(canvas));
 
-TEST_F(CanvasPlanes, MarkModifiedTellsThePanelTheActivePlane) {
-  Canvas* canvas = MakeBlank(2, 2);
-  CanvasManager.SelectPlane(canvas, 1);
-  CanvasManager.MarkModified(canvas);
-  EXPECT_EQ(canvas->modified, 1u);
+  CanvasManager.MarkModified(canvas);  // the panel redraws the active plane
   auto told = headless::MessagesTo(platform::Window::LayerPanel, platform::MsgLayerRedraw);
-  ASSERT_EQ(told.size(), 1u);
-  EXPECT_EQ(told[0].wParam, 1);
+  EXPECT_TRUE(canvas->modified && told.size() == 1 && told[0].wParam == 5);
 }
 
-// Every byte differs: pixel (x, y) holds v = 10x + 3y, and a colour pixel
-// red v + 2, green v + 1, blue v.
+// Every byte differs: pixel (x, y) holds v = 10x + 3y; a colour pixel red
+// v + 2, green v + 1, blue v.
 Rgb Ramp24(int x, int y) {
-  const uint32_t v = static_cast<uint32_t>(10 * x + 3 * y);
+  const auto v = static_cast<uint32_t>(10 * x + 3 * y);
   return {v + 2, v + 1, v};
 }
 
@@ -80,26 +62,23 @@ TEST_F(CanvasPlanes, BlankSheetVariants) {
   Plane* transparency = canvas->planes[2].plane;
   PaintRamp(image);
   PaintRamp(transparency);
-  EXPECT_EQ(CanvasManager.BlankSheet(canvas, BlankSheetKind::Transparent, nullptr), 1);
-  EXPECT_TRUE(AllBytes(transparency, 0));
-  EXPECT_EQ(Pixel24(image, 4, 2), Ramp24(4, 2));
-  EXPECT_EQ(CanvasManager.BlankSheet(canvas, BlankSheetKind::Black, nullptr), 1);
-  EXPECT_TRUE(AllBytes(image, 0));
-  EXPECT_TRUE(AllBytes(transparency, 255));
+  EXPECT_EQ(1, CanvasManager.BlankSheet(canvas, BlankSheetKind::Transparent, nullptr));
+  EXPECT_TRUE(AllBytes(transparency, 0));  // the colours stay
+  EXPECT_EQ(Ramp24(4, 2), Pixel24(image, 4, 2));
+  EXPECT_EQ(1, CanvasManager.BlankSheet(canvas, BlankSheetKind::Black, nullptr));
+  EXPECT_TRUE(AllBytes(image, 0) && AllBytes(transparency, 255));
   PaintRamp(transparency);
-  EXPECT_EQ(CanvasManager.BlankSheet(canvas, BlankSheetKind::White, nullptr), 1);
-  EXPECT_TRUE(AllBytes(image, 255));
-  EXPECT_TRUE(AllBytes(transparency, 255));
+  EXPECT_EQ(1, CanvasManager.BlankSheet(canvas, BlankSheetKind::White, nullptr));
+  EXPECT_TRUE(AllBytes(image, 255) && AllBytes(transparency, 255));
 
-  // A 2 x 2 texture tiles 5 x 3.
-  Plane* texture = PlaneStore.CreatePlane(2, 2, 24, 0, 0, Physical);
+  Plane* texture = PlaneStore.CreatePlane(3, 2, 24, 0, 0, Physical);  // a 3 x 2 texture tiles 5 x 3
   PaintRamp(texture);
   PaintRamp(transparency);
-  EXPECT_EQ(CanvasManager.BlankSheet(canvas, BlankSheetKind::Texture, texture), 1);
+  EXPECT_EQ(1, CanvasManager.BlankSheet(canvas, BlankSheetKind::Texture, texture));
   for (int y = 0; y < 3; ++y)
-    for (int x = 0; x < 5; ++x) EXPECT_EQ(Pixel24(image, x, y), Ramp24(x % 2, y % 2)) << x << y;
+    for (int x = 0; x < 5; ++x) EXPECT_EQ(Ramp24(x % 3, y % 2), Pixel24(image, x, y)) << x << y;
   EXPECT_TRUE(AllBytes(transparency, 255));
-  EXPECT_EQ(CanvasManager.BlankSheet(canvas, BlankSheetKind::Texture, nullptr), 0);
+  EXPECT_EQ(0, CanvasManager.BlankSheet(canvas, BlankSheetKind::Texture, nullptr));
   PlaneStore.FreePlane(&texture);
 }
 
@@ -110,34 +89,23 @@ TEST_F(CanvasPlanes, ClearingInitializingAndNegative) {
   CanvasManager.AddPlane(canvas, 0, 1);
   s[4].planeFlags[kFlagLineDraw] = 1;
   for (int position = 0; position < 5; ++position) PaintRamp(s[position].plane);
-
-  EXPECT_EQ(CanvasManager.ClearPlane(canvas), 0);  // not the image
+  EXPECT_EQ(0, CanvasManager.ClearPlane(canvas));  // not the image
   CanvasManager.SelectPlane(canvas, 3);
-  EXPECT_EQ(CanvasManager.ClearPlane(canvas), 1);
-  EXPECT_TRUE(AllBytes(s[3].plane, 0));
-  CanvasManager.SelectPlane(canvas, 4);
-  EXPECT_EQ(CanvasManager.ClearPlane(canvas), 1);
-  EXPECT_TRUE(AllBytes(s[4].plane, 255));
-  EXPECT_EQ(CanvasManager.InitializeMask(canvas), 1);
-  EXPECT_TRUE(AllBytes(s[1].plane, 0));
-  EXPECT_EQ(CanvasManager.InitializeTransparency(canvas), 1);
-  EXPECT_TRUE(AllBytes(s[2].plane, 255));
-
+  EXPECT_EQ(1, CanvasManager.ClearPlane(canvas));
+  CanvasManager.SelectPlane(canvas, 4);  // a Line Draw plane clears to white
+  EXPECT_EQ(1, CanvasManager.ClearPlane(canvas));
+  EXPECT_EQ(2, CanvasManager.InitializeMask(canvas) + CanvasManager.InitializeTransparency(canvas));
+  EXPECT_TRUE(AllBytes(s[1].plane, 0) && AllBytes(s[2].plane, 255) && AllBytes(s[3].plane, 0) &&
+              AllBytes(s[4].plane, 255));
   CanvasManager.SelectPlane(canvas, 0);
-  EXPECT_EQ(CanvasManager.Negative(canvas), 1);
+  EXPECT_EQ(1, CanvasManager.Negative(canvas));
   const Rgb ramp = Ramp24(3, 1);
-  EXPECT_EQ(Pixel24(s[0].plane, 3, 1), (Rgb{255 - ramp[0], 255 - ramp[1], 255 - ramp[2]}));
-  CanvasManager.SelectPlane(canvas, 1);
-  PlaneStore.WritePixel8(s[1].plane, 3, 1, 33);
-  CanvasManager.Negative(canvas);
-  EXPECT_EQ(Pixel8(s[1].plane, 3, 1), 222u);
-  EXPECT_EQ(Pixel8(s[1].plane, 0, 0), 255u);
+  EXPECT_EQ((Rgb{255 - ramp[0], 255 - ramp[1], 255 - ramp[2]}), Pixel24(s[0].plane, 3, 1));
 
-  settings.noMaskPlane = settings.noTransparencyPlane = 1;
+  settings.noMaskPlane = settings.noTransparencyPlane = 1;  // planes that aren't there
   canvas = MakeBlank(2, 2);
-  EXPECT_EQ(CanvasManager.InitializeMask(canvas), 0);
-  EXPECT_EQ(CanvasManager.InitializeTransparency(canvas), 0);
-  EXPECT_EQ(CanvasManager.BlankSheet(canvas, BlankSheetKind::Transparent, nullptr), 0);
+  EXPECT_EQ(0, CanvasManager.InitializeMask(canvas) + CanvasManager.InitializeTransparency(canvas) +
+                   CanvasManager.BlankSheet(canvas, BlankSheetKind::Transparent, nullptr));
 }
 
 }  // namespace

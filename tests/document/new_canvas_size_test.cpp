@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <cstring>
+#include <tuple>
 
 #include "document/canvas_request.h"
 #include "document/new_canvas_size.h"
@@ -9,87 +10,66 @@
 namespace {
 
 TEST(NewCanvasSize, ConversionsClampsAndFormat) {
-  EXPECT_EQ(FormatLength(PixelsToMillimetres(640, 96)), "169.33");  // 16256 / 96
-  EXPECT_EQ(FormatLength(PixelsToInches(640, 96)), " 6.67");
-  EXPECT_EQ(FormatLength(PixelsToMillimetres(3, 0)), "76.20");  // dpi 0 counts as 1
-  EXPECT_EQ(MillimetresToPixels(210, 300), 2480);               // 2480.315..
-  EXPECT_EQ(MillimetresToPixels(297, 300), 3508);               // 3507.874..
-  EXPECT_EQ(MillimetresToPixels(25.4, 96), 96);                 // 96.0000031..
-  EXPECT_EQ(InchesToPixels(0.5, 3), 2);                         // 1.5 + 0.5
-  EXPECT_EQ(InchesToPixels(0.49, 3), 1);
-
-  EXPECT_EQ(TypedPixels(""), 1);
-  EXPECT_EQ(TypedPixels("-40"), 1);
-  EXPECT_EQ(TypedPixels("640"), 640);
-  EXPECT_EQ(TypedPixels("99999999999999999999"), 10240);
-  EXPECT_EQ(TypedDpi(""), 1);
-  EXPECT_EQ(TypedDpi("5001"), 5000);
-  EXPECT_DOUBLE_EQ(TypedLength(""), 0.01);
-  EXPECT_DOUBLE_EQ(TypedLength("nan"), 0.01);
-  EXPECT_DOUBLE_EQ(TypedLength("1000.5"), 1000.0);
-  EXPECT_DOUBLE_EQ(SpinLength(12.5, 1, LengthUnit::Millimetres), 13.5);
-  EXPECT_DOUBLE_EQ(SpinLength(0.5, -1, LengthUnit::Millimetres), 0.1);
-  EXPECT_DOUBLE_EQ(SpinLength(0.5, -1, LengthUnit::Inches), 0.01);
-  EXPECT_DOUBLE_EQ(SpinLength(999.5, 1, LengthUnit::Inches), 1000.0);
+  EXPECT_EQ("169.33", FormatLength(PixelsToMillimetres(640, 96)));  // 16256 / 96
+  EXPECT_EQ(" 6.67", FormatLength(PixelsToInches(640, 96)));
+  EXPECT_EQ("76.20", FormatLength(PixelsToMillimetres(3, 0)));  // dpi 0 counts as 1
+  EXPECT_EQ(2480, MillimetresToPixels(210, 300));                // 2480.315..
+  EXPECT_EQ(3508, MillimetresToPixels(297, 300));                // 3507.874..
+  EXPECT_EQ(96, MillimetresToPixels(25.4, 96));                  // 96.0000031..
+  EXPECT_EQ(2, InchesToPixels(0.5, 3));                           // 1.5 + 0.5
+  EXPECT_EQ(1, InchesToPixels(0.49, 3));
+  // Typed fields are clamped; what can't be read gives the lower bound.
+  EXPECT_EQ(std::tuple(1, 1, 640, 10240), std::tuple(TypedPixels(""), TypedPixels("-40"), TypedPixels("640"),
+                                                     TypedPixels("99999999999999999999")));
+  EXPECT_EQ(std::pair(1, 5000), std::pair(TypedDpi(""), TypedDpi("5001")));
+  EXPECT_EQ(std::tuple(0.01, 0.01, 1000.0),
+            std::tuple(TypedLength(""), TypedLength("nan"), TypedLength("1000.5")));
+  // A spin step is 1 in either unit, down to 0.1 mm or 0.01 inch, up to 1000.
+  using enum LengthUnit;
+  EXPECT_EQ(std::tuple(13.5, 0.1, 0.01, 1000.0),
+            std::tuple(SpinLength(12.5, 1, Millimetres), SpinLength(0.5, -1, Millimetres),
+                       SpinLength(0.5, -1, Inches), SpinLength(999.5, 1, Inches)));
 }
 
-TEST(NewCanvasSize, PaperPresetsAsListed) {
-  const double expected[8][2] = {{257, 182}, {182, 257}, {364, 257}, {257, 364},
-                                 {297, 210}, {210, 297}, {148, 100.9}, {100.9, 148.4}};
-  for (int i = 0; i < kPaperPresetCount; ++i) {
-    EXPECT_EQ(kPaperPresets[i].width, expected[i][0]) << i;
-    EXPECT_EQ(kPaperPresets[i].height, expected[i][1]) << i;
-  }
-  NewCanvasFields fields{640, 480, 96, 0, 0, LengthUnit::Millimetres};
-  ChoosePaperPreset(fields, 5);  // A4 Portrait: 793.70.. x 1122.51..
-  EXPECT_EQ(fields.lengthWidth, 210);
-  EXPECT_EQ(fields.width, 794);
-  EXPECT_EQ(fields.height, 1123);
-  // The postcards disagree a little: 148 mm makes 559 pixels, 148.4 mm 561.
-  ChoosePaperPreset(fields, 6);
-  EXPECT_EQ(fields.width, 559);
-  EXPECT_EQ(fields.height, 381);
-  ChoosePaperPreset(fields, 7);
-  EXPECT_EQ(fields.height, 561);
-  // In inches the fields show the same paper; at 5000 dpi B4 passes the limit.
-  fields.unit = LengthUnit::Inches;
-  fields.dpi = 5000;
-  ChoosePaperPreset(fields, 3);
-  EXPECT_EQ(FormatLength(fields.lengthWidth), "10.12");  // 257 / 25.4
-  EXPECT_EQ(fields.height, 10240);
-}
-
-TEST(NewCanvasSize, DialogOpensWithTheLastValuesAndOkFillsTheRequest) {
+TEST(NewCanvasSize, DialogKeepsPixelsLengthsAndPaperInStepAndOkFillsTheRequest) {
   std::memset(&settings, 0, sizeof settings);
   newCanvasMemory = NewCanvasMemory{};
   settings.lastNewWidth = 640;
   settings.lastNewHeight = 480;
   NewCanvasFields fields = OpenNewCanvasFields();
-  EXPECT_EQ(fields.dpi, 96);
-  EXPECT_EQ(FormatLength(fields.lengthHeight), "127.00");
-
+  EXPECT_EQ(96, fields.dpi);
+  EXPECT_EQ("127.00", FormatLength(fields.lengthHeight));
   fields.dpi = 300;
   RecomputeLengths(fields);
-  EXPECT_EQ(FormatLength(fields.lengthWidth), "54.19");  // 640 x 25.4 / 300
+  EXPECT_EQ("54.19", FormatLength(fields.lengthWidth));  // 640 x 25.4 / 300
   ChangeUnit(fields, LengthUnit::Inches);
-  EXPECT_EQ(FormatLength(fields.lengthHeight), " 1.60");
+  EXPECT_EQ(" 1.60", FormatLength(fields.lengthHeight));
   fields.lengthWidth = 2.5;
   RecomputePixels(fields);
-  EXPECT_EQ(fields.width, 750);
-  EXPECT_EQ(fields.height, 480);
+  EXPECT_EQ(std::pair(750, 480), std::pair(fields.width, fields.height));
 
   AcceptNewCanvas(fields);
-  EXPECT_EQ(settings.lastNewWidth, 750);
-  EXPECT_EQ(settings.lastNewHeight, 480);
-  EXPECT_EQ(CanvasRequest.mode, kModeNew);
-  EXPECT_EQ(CanvasRequest.layerCount, 1);
-  EXPECT_EQ(CanvasRequest.planeCount[0], 2);
-  EXPECT_EQ(CanvasRequest.width[0], 750);
-  EXPECT_EQ(CanvasRequest.bits[0], 24);
-  EXPECT_EQ(CanvasRequest.dpi, 300);
+  EXPECT_EQ(std::pair(750, 480), std::pair(settings.lastNewWidth, settings.lastNewHeight));
+  EXPECT_EQ(std::tuple(kModeNew, 1, 2, 750, 24, 300),
+            std::tuple(CanvasRequest.mode, CanvasRequest.layerCount, CanvasRequest.planeCount[0],
+                       CanvasRequest.width[0], CanvasRequest.bits[0], CanvasRequest.dpi));
   fields = OpenNewCanvasFields();
-  EXPECT_EQ(fields.dpi, 300);
-  EXPECT_EQ(fields.unit, LengthUnit::Inches);
+  EXPECT_EQ(std::pair(300, LengthUnit::Inches), std::pair(fields.dpi, fields.unit));
+
+  // Paper in inches shows the same paper; at 5000 dpi B4 passes the limit.
+  fields.dpi = 5000;
+  ChoosePaperPreset(fields, 3);
+  EXPECT_EQ("10.12", FormatLength(fields.lengthWidth));  // 257 / 25.4
+  EXPECT_EQ(10240, fields.height);
+  fields.dpi = 96;
+  fields.unit = LengthUnit::Millimetres;
+  ChoosePaperPreset(fields, 5);  // A4 Portrait: 793.70.. x 1122.51..
+  EXPECT_EQ(std::tuple(210.0, 794, 1123), std::tuple(fields.lengthWidth, fields.width, fields.height));
+  // The postcards disagree a little: 148 mm makes 559 pixels, 148.4 mm 561.
+  ChoosePaperPreset(fields, 6);
+  EXPECT_EQ(std::pair(559, 381), std::pair(fields.width, fields.height));
+  ChoosePaperPreset(fields, 7);
+  EXPECT_EQ(561, fields.height);
 }
 
 }  // namespace

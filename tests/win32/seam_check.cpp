@@ -6,14 +6,11 @@
 
 namespace seam_check {
 
-namespace {
-int failures = 0;
-}
+namespace { int failures = 0; }
 
 void Report(const std::string& name, bool passed, const std::string& seen) {
-  if (!passed) ++failures;
-  std::printf("%s %s%s%s\n", passed ? "ok  " : "FAIL", name.c_str(), seen.empty() ? "" : ": ",
-              seen.c_str());
+  failures += !passed;
+  std::printf("%s %s%s%s\n", passed ? "ok  " : "FAIL", name.c_str(), seen.empty() ? "" : ": ", seen.c_str());
   std::fflush(stdout);
 }
 
