@@ -31,8 +31,6 @@ constexpr int kGrid = 11021;
 constexpr int kZoomFirst = 11040;   // zoomStep -3
 constexpr int kZoomActual = 11043;  // zoomStep 0
 constexpr int kZoomLast = 11053;    // zoomStep 10
-constexpr int kMinZoomStep = -3;
-constexpr int kMaxZoomStep = 10;
 
 // Window level.
 constexpr int kTile = 12000;

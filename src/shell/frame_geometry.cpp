@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "display/zoom.h"
+
 namespace {
 
 int cascadePosition = 0;
@@ -11,21 +13,6 @@ int SignedLow(int32_t word) { return static_cast<int16_t>(word & 0xFFFF); }
 int SignedHigh(int32_t word) { return static_cast<int16_t>((word >> 16) & 0xFFFF); }
 int UnsignedLow(int32_t word) { return word & 0xFFFF; }
 int UnsignedHigh(int32_t word) { return (word >> 16) & 0xFFFF; }
-
-struct ZoomRatio {
-  int num, den;
-};
-
-// Zoom steps -3..10; "75%" is 2/3 in truth.
-ZoomRatio RatioOf(int zoomStep) {
-  switch (zoomStep) {
-    case -3: return {1, 4};
-    case -2: return {1, 2};
-    case -1: return {2, 3};
-    case 1: return {3, 2};
-    default: return {std::max(zoomStep, 1), 1};
-  }
-}
 
 }  // namespace
 
@@ -50,9 +37,7 @@ int NextCascadePosition() {
 void ResetCascade() { cascadePosition = 0; }
 
 WindowSize ZoomedCanvasSize(const Canvas* canvas) {
-  const ZoomRatio ratio = RatioOf(canvas->zoomStep);
-  return {canvas->canvasWidth * ratio.num / ratio.den,
-          canvas->canvasHeight * ratio.num / ratio.den};
+  return {ZoomedWidth(canvas), ZoomedHeight(canvas)};
 }
 
 WindowSize FitDocumentWindow(WindowSize zoomed, int marginX, int marginY, int border, int caption,

@@ -36,7 +36,7 @@ struct WindowSize {
   int width, height;
 };
 
-// The zoomed size of the canvas: its size times the ratio of zoomStep.
+// The zoomed size of the canvas, by the view's zoom table.
 WindowSize ZoomedCanvasSize(const Canvas* canvas);
 
 // The document window that fits the zoomed canvas: width = zoomed width +

@@ -1,6 +1,5 @@
 // Commands that change only how a document is shown.
-#include <algorithm>
-
+#include "display/set_zoom.h"
 #include "document/canvas_manager.h"
 #include "platform/platform.h"
 #include "settings/settings.h"
@@ -19,8 +18,9 @@ void ViewChanged(Canvas* canvas) {
   if (shellWindows.viewChanged) shellWindows.viewChanged(canvas);
 }
 
+// The point under the pointer, or the middle of the window, stays in view.
 void SetZoomStep(Canvas* canvas, int step) {
-  canvas->zoomStep = std::clamp(step, cmd::kMinZoomStep, cmd::kMaxZoomStep);
+  SetZoom(canvas, step, 0);
   ViewChanged(canvas);
 }
 

@@ -2,6 +2,7 @@
 #include <string>
 #include <vector>
 
+#include "display/view_windows.h"
 #include "document/canvas_manager.h"
 #include "shell/command_ids.h"
 #include "shell/command_table.h"
@@ -117,9 +118,13 @@ TEST_F(Routing, ZoomStaysWithinItsSteps) {
   EXPECT_EQ(canvas->zoomStep, -3);
   RouteCommand(11015, 0);
   EXPECT_EQ(canvas->zoomStep, -3);
+  std::string readout;
+  viewWindows.showZoom = [&](const ZoomReadout& r) { readout = r.text; };
   RouteCommand(11044, 0);
   EXPECT_EQ(canvas->zoomStep, 1);
   EXPECT_EQ(views, 5);
+  EXPECT_EQ(readout, "150%");  // the view's SetZoom did the change
+  viewWindows = ViewWindows{};
 }
 
 TEST_F(Routing, NewMakesABlankDocumentOrReports1303) {

@@ -1,0 +1,19 @@
+// The view's own drags: the hand scroll and the zoom by a drag. Each is a
+// short loop that polls the button until it is released.
+#pragma once
+
+#include "display/view_windows.h"
+#include "document/canvas.h"
+
+constexpr int kZoomInCommand = 11014;
+constexpr int kZoomOutCommand = 11015;
+// Horizontal travel of the pointer that makes one zoom step.
+constexpr int kZoomDragStep = 21;
+
+// While button is down the picture follows the pointer: every change of
+// the pointer's position scrolls both axes by the difference.
+void HandScroll(Canvas* canvas, PointerButton button);
+
+// While the right button is down, each 21 pixels to the right zooms in
+// one step and each 21 to the left zooms out; smaller motion does nothing.
+void ZoomDrag(Canvas* canvas);

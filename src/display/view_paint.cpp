@@ -1,0 +1,13 @@
+#include "display/view_paint.h"
+
+#include "display/redraw.h"
+
+std::function<void(Canvas* canvas)> overlayToggles[kOverlayCount];
+
+void PaintView(Canvas* canvas, int x0, int y0, int x1, int y1) {
+  for (int i = 0; i < kOverlayCount; ++i)
+    if (overlayToggles[i]) overlayToggles[i](canvas);
+  RedrawRect(canvas, x0, y0, x1, y1);
+  for (int i = kOverlayCount - 1; i >= 0; --i)
+    if (overlayToggles[i]) overlayToggles[i](canvas);
+}

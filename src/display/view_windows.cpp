@@ -1,0 +1,3 @@
+#include "display/view_windows.h"
+
+ViewWindows viewWindows;

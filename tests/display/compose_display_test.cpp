@@ -1,0 +1,110 @@
+// The display modes that show one layer or one plane, the coverage of the
+// stack, and the requests that give no tile.
+#include "compose_fixture.h"
+
+namespace {
+
+using ComposeDisplay = ComposeTest;
+
+// A base and a smaller layer with a plane at every position.
+void BuildLayers(ComposeTest& t) {
+  t.AddLayer(0, 0, 44, 21, 1);
+  t.AddLayer(-5, 3, 41, 13, 0, 90);  // hidden and faded: neither counts alone
+  t.SetPlane(1, 1, -1);
+  t.canvas->planes[8 + 2].planeFlags[kFlagTransparency] = 1;  // still shown in red
+  t.SetPlane(1, 3, 3);
+  t.SetPlane(1, 4, -1, Fill::Random);
+  t.SetPlane(1, 5, 2);
+  t.SetPlane(1, 6, 4, Fill::Random);
+}
+
+void Activate(Canvas* canvas, int index, uint8_t displayMode) {
+  canvas->activePlane = index;
+  canvas->planes[index].displayMode = displayMode;
+}
+
+TEST_P(ComposeDisplay, OneLayerAndItsPlanes) {
+  BuildLayers(*this);
+  for (int position = 0; position < 7; ++position) {
+    SCOPED_TRACE(testing::Message() << "position " << position);
+    Activate(canvas.get(), 8 + position, kDisplayThisLayerOnly);
+    ExpectTile(-7, -1, 40, 18);
+    if (position == 0) continue;
+    for (uint8_t mode : {kDisplayChannel, kDisplayComposition, kDisplayThickness}) {
+      SCOPED_TRACE(testing::Message() << "display mode " << int(mode));
+      Activate(canvas.get(), 8 + position, mode);
+      ExpectTile(-7, -1, 40, 18);
+      ExpectTile(-5, 4, 35, 4);
+    }
+  }
+  Activate(canvas.get(), 0, kDisplayThisLayerOnly);
+  ExpectTile(-3, -2, 46, 22);
+}
+
+TEST_P(ComposeDisplay, RequestsWithoutATile) {
+  BuildLayers(*this);
+  EXPECT_EQ(Compose(canvas.get(), 5, 0, 4, 3, 0, 0), nullptr);
+  EXPECT_EQ(Compose(canvas.get(), 0, 3, 4, 2, 0, 0), nullptr);
+  Activate(canvas.get(), 8 + 7, kDisplayChannel);  // empty slot
+  EXPECT_EQ(Compose(canvas.get(), 0, 0, 4, 4, 0, 0), nullptr);
+  Activate(canvas.get(), 8, kDisplayThickness);  // the 24-bit image plane
+  EXPECT_EQ(Compose(canvas.get(), 0, 0, 4, 4, 0, 0), nullptr);
+  for (uint8_t mode : {2, 9, 14, 255}) {
+    Activate(canvas.get(), 0, mode);
+    EXPECT_EQ(Compose(canvas.get(), 0, 0, 4, 4, 0, 0), nullptr) << int(mode);
+  }
+  canvas->activePlane = 1024;
+  EXPECT_EQ(Compose(canvas.get(), 0, 0, 4, 4, 0, 0), nullptr);
+  EXPECT_EQ(ComposeCoverage(canvas.get(), 4, 0, 3, 0), nullptr);
+}
+
+TEST_P(ComposeDisplay, CoverageOfTheStack) {
+  AddLayer(0, 0, 40, 12);
+  AddLayer(0, 0, 40, 12, 7);        // High Light adds no cover
+  AddLayer(0, 0, 40, 12, 3, 100);
+  SetPlane(2, 4, 3);
+  AddLayer(0, 0, 40, 12, 0);        // hidden
+  AddLayer(0, 0, 40, 12, 11);       // unknown mode
+  AddLayer(0, 0, 40, 12, 9, 20);
+  AddLayer(0, 20, 40, 3, 1);        // below the rectangle's rows
+  DibTile* tile = ComposeCoverage(canvas.get(), 2, 1, 37, 10);
+  ASSERT_NE(tile, nullptr);
+  ASSERT_EQ(tile->bits, 8u);
+  std::vector<uint8_t> row(36);
+  for (int y = 1; y <= 10; ++y) {
+    ReadTileRow8(tile, y - 1, 0, 35, row.data());
+    for (int x = 2; x <= 37; ++x) {
+      unsigned acc = 0;
+      for (int layer : {0, 2, 5}) {
+        unsigned a = ref::Mul(ref::Coverage(*canvas, layer, x, y), 255 - canvas->planes[layer * 8].opacityLoss);
+        acc = 255 - ref::Mul(255 - acc, 255 - a);
+      }
+      ASSERT_EQ(row[x - 2], acc) << x << ", " << y;
+    }
+  }
+  FreeTile(&tile);
+}
+
+TEST_P(ComposeDisplay, CoverageRowOfOneLayer) {
+  BuildLayers(*this);
+  std::vector<uint8_t> out(50, 77);
+  // With a transparency plane, columns outside the layer keep what they held.
+  ASSERT_EQ(LayerCoverageRow(canvas.get(), 7, -10, 39, out.data(), 8 + 4), 1);
+  for (int x = -10; x <= 39; ++x) {
+    const bool inside = x >= -5 && x < 36;
+    ASSERT_EQ(out[x + 10], inside ? ref::Coverage(*canvas, 1, x, 7) : 77u) << x;
+  }
+  // Without one, 255 stands everywhere but where further planes act.
+  canvas->planes[8 + 2].planeOff = 1;
+  ASSERT_EQ(LayerCoverageRow(canvas.get(), 7, -10, 39, out.data(), 8), 1);
+  for (int x = -10; x <= 39; ++x) {
+    const bool inside = x >= -5 && x < 36;
+    ASSERT_EQ(out[x + 10], inside ? ref::Coverage(*canvas, 1, x, 7) : 255u) << x;
+  }
+  EXPECT_EQ(LayerCoverageRow(canvas.get(), 7, 0, 9, out.data(), 16), 0);
+  EXPECT_EQ(LayerCoverageRow(canvas.get(), 7, 0, 9, out.data(), 1024), 0);
+}
+
+INSTANTIATE_TEST_SUITE_P(Kernels, ComposeDisplay, ::testing::Bool(), KernelName);
+
+}  // namespace

@@ -1,0 +1,136 @@
+// Canvases for the composition tests, built slot by slot with planes of
+// seeded random content, and a comparison of a composed tile with the
+// reference picture. Each test runs with the vector kernels and without.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <cstring>
+#include <memory>
+#include <random>
+#include <string>
+
+#include "compose_reference.h"
+#include "display/compose.h"
+#include "display/mix_rows.h"
+#include "platform/headless/headless.h"
+#include "settings/settings.h"
+
+enum class Fill { Random, Edges, Constant };
+
+class ComposeTest : public ::testing::TestWithParam<bool> {
+ protected:
+  void SetUp() override {
+    headless::Reset();
+    std::memset(&settings, 0, sizeof settings);
+    settings.backgroundRed = 200;
+    settings.backgroundGreen = 120;
+    settings.backgroundBlue = 41;
+    UseVectorKernels(GetParam());
+    canvas = std::make_unique<Canvas>();
+  }
+  void TearDown() override {
+    for (PlaneSlot& slot : canvas->planes) PlaneStore.FreePlane(&slot.plane);
+    PlaneStore.FreePlane(&canvas->selectionPlane);
+    UseVectorKernels(true);
+  }
+
+ public:
+  // A plane of w x h filled by kind: uniform random bytes, random bytes with
+  // long runs of 0 and 255, or `value` throughout.
+  Plane* MakePlane(int w, int h, int bits, Fill fill, uint8_t value = 0, uint32_t kind = Physical) {
+    Plane* plane = PlaneStore.CreatePlane(w, h, bits, value, 1, kind);
+    if (!plane || fill == Fill::Constant) return plane;
+    std::vector<uint8_t> row(static_cast<size_t>(w) * plane->bytesPerPixel);
+    for (int y = 0; y < h; ++y) {
+      for (size_t i = 0; i < row.size(); ++i) {
+        uint8_t byte = static_cast<uint8_t>(rng());
+        if (fill == Fill::Edges && (i / 7) % 3 != 2) byte = ((i / 21) + y) % 2 ? 255 : 0;
+        row[i] = byte;
+      }
+      PlaneStore.WriteRow(plane, y, 0, w - 1, row.data());
+    }
+    return plane;
+  }
+
+  // A layer at the first free place, with a random image and a transparency
+  // plane with runs of 0 and 255 among random values.
+  int AddLayer(int left, int top, int w, int h, int mixMode = 1, int opacityLoss = 0,
+               uint32_t kind = Physical) {
+    int layer = 0;
+    while (canvas->planes[layer * 8].plane) ++layer;
+    for (int position = 0; position < 8; ++position) {
+      PlaneSlot& slot = canvas->planes[layer * 8 + position];
+      slot.left = left, slot.top = top, slot.width = w, slot.height = h;
+      slot.bits = position == 0 ? 24 : 8;
+      slot.displayMode = position == 0 ? 1 : 10;
+    }
+    PlaneSlot& image = canvas->planes[layer * 8];
+    image.plane = MakePlane(w, h, 24, Fill::Random, 0, kind);
+    image.mixMode = mixMode;
+    image.opacityLoss = opacityLoss;
+    canvas->planes[layer * 8 + 2].plane = MakePlane(w, h, 8, Fill::Edges, 0, kind);
+    if (layer == 0) canvas->canvasWidth = w, canvas->canvasHeight = h;
+    return layer;
+  }
+
+  // An 8-bit plane at a position of a layer, with planeFlags index `flag`
+  // set (or none for -1).
+  PlaneSlot& SetPlane(int layer, int position, int flag, Fill fill = Fill::Edges, uint8_t value = 0) {
+    PlaneSlot& slot = canvas->planes[layer * 8 + position];
+    PlaneStore.FreePlane(&slot.plane);
+    slot.plane = MakePlane(slot.width, slot.height, 8, fill, value);
+    if (flag >= 0) slot.planeFlags[flag] = 1;
+    return slot;
+  }
+
+  // The picture as composed and as the reference makes it must agree byte
+  // for byte; the first difference is reported.
+  void ExpectTile(int x0, int y0, int x1, int y1, bool shade = false, bool baseOpaque = false) {
+    DibTile* tile = Compose(canvas.get(), x0, y0, x1, y1, shade, baseOpaque);
+    ASSERT_NE(tile, nullptr);
+    ref::Picture expected = ref::Compose(*canvas, x0, y0, x1, y1, shade, baseOpaque);
+    ExpectSame(tile, expected, x0, y0);
+    FreeTile(&tile);
+  }
+
+  // One composed row of canvas columns x0..x1, as bytes.
+  std::vector<uint8_t> Row(int x0, int y, int x1, bool shade = false, bool baseOpaque = false) {
+    std::vector<uint8_t> row(3 * static_cast<size_t>(x1 - x0 + 1));
+    DibTile* tile = Compose(canvas.get(), x0, y, x1, y, shade, baseOpaque);
+    if (!tile) return {};
+    ReadTileRow(tile, 0, 0, x1 - x0, row.data());
+    FreeTile(&tile);
+    return row;
+  }
+
+  static std::vector<uint8_t> Repeated(std::vector<uint8_t> bgr, int n) {
+    std::vector<uint8_t> row;
+    for (int i = 0; i < n; ++i) row.insert(row.end(), bgr.begin(), bgr.end());
+    return row;
+  }
+
+  static void ExpectSame(const DibTile* tile, ref::Picture& expected, int x0, int y0) {
+    ASSERT_EQ(tile->width, expected.width);
+    ASSERT_EQ(tile->height, expected.height);
+    std::vector<uint8_t> row(3 * static_cast<size_t>(tile->width));
+    for (int y = 0; y < tile->height; ++y) {
+      ReadTileRow(tile, y, 0, tile->width - 1, row.data());
+      for (int x = 0; x < tile->width; ++x)
+        for (int c = 0; c < 3; ++c)
+          if (row[3 * x + c] != expected.At(x, y)[c]) {
+            ADD_FAILURE() << "canvas pixel (" << x0 + x << ", " << y0 + y << ") colour " << c
+                          << ": " << int(row[3 * x + c]) << ", expected "
+                          << int(expected.At(x, y)[c]);
+            return;
+          }
+    }
+  }
+
+  std::unique_ptr<Canvas> canvas;
+  std::mt19937 rng{12345};
+};
+
+inline std::string KernelName(const ::testing::TestParamInfo<bool>& info) {
+  return info.param ? "Vector" : "Scalar";
+}

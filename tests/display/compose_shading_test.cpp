@@ -1,0 +1,89 @@
+// Shading of the view: the outside of the selection in each outside mode,
+// and the darkening outside the active plane's rectangle.
+#include "compose_fixture.h"
+
+namespace {
+
+using ComposeShading = ComposeTest;
+
+constexpr int kSelectAll = 20001;
+
+TEST_P(ComposeShading, OutsideOfTheSelectionInEachMode) {
+  AddLayer(0, 0, 46, 25);
+  AddLayer(4, 3, 33, 9, 2);
+  canvas->selectionKind = kSelectAll;
+  for (Fill fill : {Fill::Edges, Fill::Random}) {
+    PlaneStore.FreePlane(&canvas->selectionPlane);
+    canvas->selectionPlane = MakePlane(46, 25, 8, fill);
+    for (int mode = 0; mode < 3; ++mode) {
+      SCOPED_TRACE(testing::Message() << "outside mode " << mode);
+      settings.outsideDisplay = mode;
+      ExpectTile(-20, -19, 49, 27, true);
+      ExpectTile(3, 9, 40, 9, true);
+      settings.darkenOutsideBoundary = 1;
+      canvas->activePlane = 8 + 2;
+      ExpectTile(-20, -19, 49, 27, true);
+      settings.darkenOutsideBoundary = 0;
+      canvas->activePlane = 0;
+    }
+  }
+  // Without shadeForView, a clean picture.
+  settings.outsideDisplay = 2;
+  ExpectTile(-2, -2, 47, 26, false);
+  // No raster: all selected, nothing shaded.
+  PlaneStore.FreePlane(&canvas->selectionPlane);
+  ExpectTile(-2, -2, 47, 26, true);
+}
+
+TEST_P(ComposeShading, CheckCellsAreEightCanvasPixels) {
+  AddLayer(0, 0, 40, 40);
+  PlaneStore.FreePlane(&canvas->planes[0].plane);
+  canvas->planes[0].plane = MakePlane(40, 40, 24, Fill::Constant, 100);
+  SetPlane(0, 2, -1, Fill::Constant, 255);
+  canvas->selectionKind = kSelectAll;
+  canvas->selectionPlane = MakePlane(40, 40, 8, Fill::Constant, 255);
+  settings.outsideDisplay = 1;
+  // (7 x 100) >> 3 = 87, plus 32 where both or neither of x mod 16 and
+  // y mod 16 reach 8; fully outside, the blend gives that alone.
+  DibTile* tile = Compose(canvas.get(), 5, 3, 38, 36, 1, 0);
+  ASSERT_NE(tile, nullptr);
+  auto at = [&](int x, int y) {
+    uint8_t pixel[3];
+    ReadTileRow(tile, y - 3, x - 5, x - 5, pixel);
+    return int(pixel[1]);
+  };
+  EXPECT_EQ(at(5, 3), 119);
+  EXPECT_EQ(at(7, 7), 119);
+  EXPECT_EQ(at(8, 7), 87);
+  EXPECT_EQ(at(8, 8), 119);
+  EXPECT_EQ(at(15, 15), 119);
+  EXPECT_EQ(at(16, 15), 87);
+  EXPECT_EQ(at(16, 16), 119);
+  EXPECT_EQ(at(23, 31), 87);
+  FreeTile(&tile);
+  // Hide still blends: 1 at half coverage rounds to 2.
+  settings.outsideDisplay = 0;
+  PlaneStore.FreePlane(&canvas->selectionPlane);
+  canvas->selectionPlane = MakePlane(40, 40, 8, Fill::Constant, 128);
+  PlaneStore.FreePlane(&canvas->planes[0].plane);
+  canvas->planes[0].plane = MakePlane(40, 40, 24, Fill::Constant, 1);
+  tile = Compose(canvas.get(), 0, 0, 0, 0, 1, 0);
+  EXPECT_EQ(tile->dib[tile->pixelOffset], 2);
+  FreeTile(&tile);
+}
+
+TEST_P(ComposeShading, OutsideTheActiveRectangle) {
+  settings.backgroundRed = 255, settings.backgroundGreen = 4, settings.backgroundBlue = 99;
+  AddLayer(0, 0, 20, 10);
+  AddLayer(6, 2, 5, 3);
+  settings.darkenOutsideBoundary = 1;
+  canvas->activePlane = 8;
+  // Left of the canvas: the background, times 4 / 5.
+  EXPECT_EQ(Row(-2, 0, -1, true), Repeated({79, 3, 204}, 2));
+  ExpectTile(-2, -1, 21, 10, true);
+  EXPECT_EQ(Row(-2, 0, -1), Repeated({99, 4, 255}, 2));
+}
+
+INSTANTIATE_TEST_SUITE_P(Kernels, ComposeShading, ::testing::Bool(), KernelName);
+
+}  // namespace

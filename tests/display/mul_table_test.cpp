@@ -1,0 +1,120 @@
+// The table and every row kernel against the arithmetic, over all inputs:
+// the vector forms replace the table's lookups and must agree everywhere.
+#include <gtest/gtest.h>
+
+#include <vector>
+
+#include "compose_reference.h"
+#include "display/mix_rows.h"
+#include "display/mul_table.h"
+
+namespace {
+
+class RowKernels : public ::testing::TestWithParam<bool> {
+ protected:
+  void SetUp() override { UseVectorKernels(GetParam()); }
+  void TearDown() override { UseVectorKernels(true); }
+};
+
+constexpr int kPairs = 65536;
+
+TEST(MulTable, HoldsTheRoundedProductOfEveryPair) {
+  for (unsigned k = 0; k < 256; ++k)
+    for (unsigned v = 0; v < 256; ++v) {
+      ASSERT_EQ(MulTable[k][v], (k * v + 128) / 255) << k << " x " << v;
+      ASSERT_EQ(Mul255(k, v), Mul255(v, k));
+    }
+  EXPECT_EQ(Mul255(255, 255), 255);
+  EXPECT_EQ(Mul255(1, 127), 1);  // 255 / 255 rounded: the + 128 rounds up from 127.5
+  EXPECT_EQ(Mul255(1, 126), 0);
+  EXPECT_EQ(Blend255(10, 250, 0), 10);
+  EXPECT_EQ(Blend255(10, 250, 255), 250);
+  EXPECT_EQ(Blend255(1, 1, 128), 2);  // each term rounds up on its own
+}
+
+TEST_P(RowKernels, MultiplyEveryPair) {
+  std::vector<uint8_t> cov(kPairs), flipped(kPairs), p(kPairs), bgr(3 * kPairs);
+  for (int i = 0; i < kPairs; ++i) {
+    cov[i] = flipped[i] = static_cast<uint8_t>(i);
+    p[i] = static_cast<uint8_t>(i >> 8);
+    for (int c = 0; c < 3; ++c) bgr[3 * i + c] = static_cast<uint8_t>(i + 85 * c);
+  }
+  MultiplyCoverage(cov.data(), p.data(), kPairs, false);
+  MultiplyCoverage(flipped.data(), p.data(), kPairs, true);
+  MultiplyColours(bgr.data(), p.data(), kPairs);
+  for (int i = 0; i < kPairs; ++i) {
+    const unsigned x = i & 255, y = i >> 8;
+    ASSERT_EQ(cov[i], ref::Mul(x, y)) << x << " x " << y;
+    ASSERT_EQ(flipped[i], ref::Mul(x, 255 - y)) << x << " x " << 255 - y;
+    for (int c = 0; c < 3; ++c) ASSERT_EQ(bgr[3 * i + c], ref::Mul((i + 85 * c) & 255, y));
+  }
+}
+
+// Both terms of the blend over every pair they take: every lower colour with
+// every coverage, and every source colour with every coverage, the third
+// value varying along the row.
+TEST_P(RowKernels, NormalBlendsEveryPairOfEachTerm) {
+  std::vector<uint8_t> acc(3 * 2 * kPairs), src(acc.size()), cov(2 * kPairs), before;
+  for (int i = 0; i < 2 * kPairs; ++i) {
+    const uint8_t pair = static_cast<uint8_t>(i), other = static_cast<uint8_t>(i * 37 + (i >> 8));
+    cov[i] = static_cast<uint8_t>(i >> 8);
+    for (int c = 0; c < 3; ++c) {
+      acc[3 * i + c] = static_cast<uint8_t>((i < kPairs ? pair : other) + c);
+      src[3 * i + c] = static_cast<uint8_t>((i < kPairs ? other : pair) + c);
+    }
+  }
+  before = acc;
+  MixRow(1, acc.data(), src.data(), cov.data(), 255, 2 * kPairs);
+  for (int i = 0; i < 2 * kPairs; ++i)
+    for (int c = 0; c < 3; ++c)
+      if (acc[3 * i + c] != ref::Blend(before[3 * i + c], src[3 * i + c], cov[i]))
+        FAIL() << "pixel " << i << " colour " << c << ": " << int(acc[3 * i + c]);
+}
+
+// MUL(m, 255 - opacityLoss) for every pair, seen through a white source over
+// black, where the blend gives a back as it is.
+TEST_P(RowKernels, OpacityScalesEveryCoverage) {
+  std::vector<uint8_t> cov(256), src(3 * 256, 255);
+  for (int m = 0; m < 256; ++m) cov[m] = static_cast<uint8_t>(m);
+  for (unsigned keep = 0; keep < 256; ++keep) {
+    std::vector<uint8_t> acc(3 * 256, 0);
+    MixRow(1, acc.data(), src.data(), cov.data(), keep, 256);
+    for (unsigned m = 0; m < 256; ++m) ASSERT_EQ(acc[3 * m], ref::Mul(m, keep)) << m << ", " << keep;
+  }
+}
+
+// Each mode for every pair of source and lower colour, fully covered and at
+// three partial coverages.
+TEST_P(RowKernels, EveryModeForEveryPair) {
+  std::vector<uint8_t> src(3 * kPairs), below(3 * kPairs), acc;
+  for (int i = 0; i < kPairs; ++i)
+    for (int c = 0; c < 3; ++c) {
+      src[3 * i + c] = static_cast<uint8_t>(i + 31 * c);
+      below[3 * i + c] = static_cast<uint8_t>((i >> 8) + 57 * c);
+    }
+  for (int mode = 1; mode <= 9; ++mode)
+    for (uint8_t a : {255, 1, 128, 200}) {
+      SCOPED_TRACE(testing::Message() << "mode " << mode << ", a " << int(a));
+      std::vector<uint8_t> cov(kPairs, a);
+      acc = below;
+      MixRow(mode, acc.data(), src.data(), cov.data(), 255, kPairs);
+      for (int i = 0; i < kPairs; ++i) {
+        uint8_t mixed[3];
+        ref::ModePixel(mode, &src[3 * i], &below[3 * i], mixed);
+        for (int c = 0; c < 3; ++c)
+          if (acc[3 * i + c] != ref::Blend(below[3 * i + c], mixed[c], a))
+            FAIL() << "pixel " << i << " colour " << c << ": " << int(acc[3 * i + c]);
+      }
+    }
+}
+
+TEST_P(RowKernels, UnknownModesChangeNothing) {
+  std::vector<uint8_t> acc(3 * 40, 9), src(3 * 40, 200), cov(40, 255);
+  for (int mode : {0, 10, -1}) MixRow(mode, acc.data(), src.data(), cov.data(), 255, 40);
+  EXPECT_EQ(acc, std::vector<uint8_t>(3 * 40, 9));
+}
+
+INSTANTIATE_TEST_SUITE_P(Kernels, RowKernels, ::testing::Bool(),
+                         [](const auto& info) { return info.param ? "Vector" : "Scalar"; });
+
+}  // namespace

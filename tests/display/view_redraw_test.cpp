@@ -1,0 +1,198 @@
+// The tiled redraw: which tiles, their scaling (seamless at 150 %),
+// dithering for 16-bit screens, and the grid over them.
+#include <tuple>
+#include <vector>
+
+#include "display/dither.h"
+#include "display/grid.h"
+#include "display/redraw.h"
+#include "display/zoom.h"
+#include "view_fixture.h"
+
+namespace {
+
+using Redraw = ViewTest;
+
+// Every canvas pixel has a colour of its own; outside the canvas, one more.
+Rgb SourceColour(int c, int r, int width, int height) {
+  if (c >= width || r >= height) return {1, 2, 3};
+  return {static_cast<uint8_t>(c & 255), static_cast<uint8_t>(r & 255),
+          static_cast<uint8_t>((c >> 8) | ((r >> 8) << 4))};
+}
+
+DibTile* SourceTile(int cx0, int cy0, int cx1, int cy1, int width, int height) {
+  DibTile* tile = CreateTile(cx1 - cx0 + 1, cy1 - cy0 + 1, 24);
+  std::vector<Rgb> row(static_cast<size_t>(cx1 - cx0 + 1));
+  for (int r = cy0; r <= cy1; ++r) {
+    for (int c = cx0; c <= cx1; ++c)
+      row[static_cast<size_t>(c - cx0)] = SourceColour(c, r, width, height);
+    WriteTileRow(tile, r - cy0, 0, cx1 - cx0, row.data());
+  }
+  return tile;
+}
+
+// The canvas pixel a view pixel shows, straight from ToView: enlarging, the
+// last pixel that starts at or before it; reducing, the first that lands on it.
+std::vector<int> ReferenceAxis(const Canvas* canvas, int size, int viewSize) {
+  const ZoomRatio ratio = ZoomRatioOf(canvas->zoomStep);
+  std::vector<int> map(static_cast<size_t>(viewSize));
+  for (int v = 0; v < viewSize; ++v) {
+    int c = 0;
+    if (ratio.num >= ratio.den)
+      while (c + 1 < size && ToView(canvas, c + 1) <= v) ++c;
+    else
+      while (ToView(canvas, c) < v) ++c;
+    map[static_cast<size_t>(v)] = c;
+  }
+  return map;
+}
+
+TEST_F(Redraw, TilesScaleWithoutSeamsAndMatchOnePiece) {
+  for (int step = -3; step <= 10; ++step) {
+    if (step == -1) continue;  // 2/3 reduces by nearest neighbour and promises no seams
+    const int width = step <= 0 ? 601 : step <= 3 ? 301 : 101;
+    const int height = step <= 0 ? 401 : step <= 3 ? 203 : 71;
+    Canvas* canvas = MakeBlank(1, 1);
+    canvas->canvasWidth = width, canvas->canvasHeight = height, canvas->zoomStep = step;
+    const int viewW = ZoomedWidth(canvas), viewH = ZoomedHeight(canvas);
+    const std::vector<int> columns = ReferenceAxis(canvas, width, viewW);
+    const std::vector<int> rows = ReferenceAxis(canvas, height, viewH);
+
+    // Tiles land in the order of the walk, each over what it overlaps.
+    std::vector<Rgb> view(static_cast<size_t>(viewW) * viewH);
+    for (const RedrawTile& t : PlanRedraw(canvas, 0, 0, viewW - 1, viewH - 1)) {
+      DibTile* source = SourceTile(t.cx0, t.cy0, t.cx1, t.cy1, width, height);
+      DibTile* scaled = ScaleToView(canvas, source, t.cx0, t.cy0, t.cx1, t.cy1);
+      const ViewRect at = ViewRectOf(canvas, t.cx0, t.cy0, t.cx1, t.cy1);
+      ASSERT_EQ(scaled->width, at.width);
+      for (int y = 0; y < at.height && at.y + y < viewH; ++y)
+        for (int x = 0; x < at.width && at.x + x < viewW; ++x)
+          view[static_cast<size_t>(at.y + y) * viewW + at.x + x] = TilePixel(scaled, x, y);
+      FreeTile(&source);
+      FreeTile(&scaled);
+    }
+    DibTile* whole = SourceTile(0, 0, width - 1, height - 1, width, height);
+    DibTile* onePiece = ScaleToView(canvas, whole, 0, 0, width - 1, height - 1);
+    int wrongTiled = 0, wrongWhole = 0;
+    for (int y = 0; y < viewH; ++y)
+      for (int x = 0; x < viewW; ++x) {
+        const Rgb expected = SourceColour(columns[x], rows[y], width, height);
+        wrongTiled += view[static_cast<size_t>(y) * viewW + x] != expected;
+        wrongWhole += TilePixel(onePiece, x, y) != expected;
+      }
+    EXPECT_EQ(wrongTiled, 0) << "step " << step;
+    EXPECT_EQ(wrongWhole, 0) << "step " << step;
+    FreeTile(&whole);
+    FreeTile(&onePiece);
+  }
+}
+
+TEST_F(Redraw, WalkReachesOneTileBeyondAndStopsAtTheCanvas) {
+  Canvas* canvas = MakeBlank(300, 200);
+  canvas->zoomStep = 1;  // 450 x 300 view pixels
+  const std::vector<RedrawTile> tiles = PlanRedraw(canvas, 0, 0, 449, 299);
+  // Columns at 0, 128, 256, 384 (512 lies past the canvas); rows at 0, 128, 256.
+  ASSERT_EQ(tiles.size(), 12u);
+  EXPECT_EQ(tiles[0].cx1, 85);  // ToCanvas(128): one canvas pixel past the tile
+  EXPECT_EQ(std::tie(tiles[3].cx0, tiles[3].cx1, tiles[11].cy1), std::make_tuple(256, 299, 199));
+  EXPECT_TRUE(PlanRedraw(canvas, 500, 0, 600, 10).empty());
+  EXPECT_TRUE(PlanRedraw(canvas, -60, -60, -3, 10).empty());  // ToCanvas(-3) is -2
+
+  // A one-pixel canvas at 25 % is 0 view pixels wide, and still draws one.
+  canvas->canvasWidth = canvas->canvasHeight = 1;
+  canvas->zoomStep = -3;
+  const std::vector<RedrawTile> one = PlanRedraw(canvas, 0, 0, 0, 0);
+  ASSERT_EQ(one.size(), 1u);
+  const ViewRect r = ViewRectOf(canvas, one[0].cx0, one[0].cy0, one[0].cx1, one[0].cy1);
+  EXPECT_EQ(std::tie(r.width, r.height), std::make_tuple(1, 1));
+}
+
+TEST_F(Redraw, DitherOfAFlatColour) {
+  // Blue 100: q = 12 and pattern 4 (AA 55 AA DD ...); 12 x 255 / 31 = 98,
+  // 13 x 255 / 31 = 106. Red 7: q = 0, pattern 7 sets every bit: 8.
+  // Green 255 can't go above q = 31: 255.
+  DibTile* tile = CreateTile(16, 16, 24);
+  for (int y = 0; y < 16; ++y)
+    for (int x = 0; x < 16; ++x) SetTilePixel(tile, x, y, {100, 255, 7});
+  DitherTile(tile, 5, 2);                                // the tile's top left is view (5, 2)
+  EXPECT_EQ(TilePixel(tile, 0, 0), (Rgb{106, 255, 8}));  // row 2 AA, bit 5
+  std::vector<int> blues;
+  for (auto [x, y] : {std::pair{1, 0}, {3, 0}, {0, 1}, {2, 1}, {1, 2}})
+    blues.push_back(TilePixel(tile, x, y)[0]);
+  EXPECT_EQ(blues,
+            (std::vector<int>{98, 98, 98, 106, 98}));  // AA bits 6, 0; DD bits 5, 7; AA bit 6
+  int up = 0;
+  for (int y = 3; y < 11; ++y)
+    for (int x = 3; x < 11; ++x) up += TilePixel(tile, x, y)[0] == 106;
+  EXPECT_EQ(up, 4 + 4 + 4 + 6 + 4 + 4 + 4 + 6);  // the bits of pattern 4
+  FreeTile(&tile);
+  EXPECT_EQ(DitherValue(8, 3, 3), 8);  // pattern 0: 1 x 255 / 31
+  EXPECT_EQ(DitherValue(250, 1, 0), 255);
+  EXPECT_FALSE(DitherFor(16));  // the setting is off
+  settings.ditherOn = 1;
+  EXPECT_EQ((std::vector<bool>{DitherFor(15), DitherFor(16), DitherFor(24)}),
+            (std::vector<bool>{true, true, false}));
+}
+
+TEST_F(Redraw, GridLinesAndSnap) {
+  Canvas* canvas = MakeBlank(64, 64);
+  canvas->gridX = canvas->gridY = 16;
+  canvas->zoomStep = -3;  // a grid of 16 at 25 % falls every 4 view pixels
+  std::vector<GridLine> lines = GridLinesOver(canvas, 0, 0, 63, 63);
+  ASSERT_EQ(lines.size(), 10u);
+  for (int i = 0; i < 5; ++i)
+    EXPECT_EQ(std::tie(lines[i].x0, lines[i].y0, lines[i].y1, lines[5 + i].y0),
+              std::make_tuple(4 * i, 0, 16, 4 * i));  // rows -1 .. 65, truncated
+  canvas->zoomStep = 10;  // in the middle of the pixel, from row -1 to row 12
+  lines = GridLinesOver(canvas, 0, 0, 10, 10);
+  ASSERT_EQ(lines.size(), 2u);
+  EXPECT_EQ(std::tie(lines[0].x0, lines[0].y0, lines[0].y1), std::make_tuple(5, -5, 125));
+
+  // Snap: ((8 + x) / 16) x 16 plus the offset mod 16, on while grid and snap are.
+  auto snapX = [&](int view, int offset) {
+    return ViewToCanvasPoint(canvas, view, 0, offset, 0).x;
+  };
+  canvas->zoomStep = 0;
+  canvas->gridSnap = 1;
+  EXPECT_EQ(snapX(7, 0), 7);
+  canvas->gridOn = 1;
+  EXPECT_EQ((std::vector<int>{snapX(7, 0), snapX(8, 0), snapX(23, 0), snapX(24, 5), snapX(24, 21),
+                              snapX(-10, 0)}),
+            (std::vector<int>{0, 16, 16, 37, 37, 0}));
+  canvas->zoomStep = 2;
+  EXPECT_EQ(snapX(30, 0), 16);
+}
+
+TEST_F(Redraw, RedrawRectComposesScalesAndInvertsTheGridOnce) {
+  Canvas* canvas = MakeBlank(10, 6);
+  PlaneStore.WritePixel24(canvas->planes[0].plane, 3, 2, 10, 20, 30);
+  canvas->zoomStep = 2;
+  canvas->gridOn = 1;
+  canvas->gridX = canvas->gridY = 4;
+  canvas->gridRed = 1, canvas->gridGreen = 2, canvas->gridBlue = 3;
+  std::vector<ViewRect> drawn;
+  std::vector<Rgb> at3x2;
+  viewWindows.drawTile = [&](Canvas*, const DibTile* tile, int x, int y) {
+    drawn.push_back({x, y, tile->width, tile->height});
+    at3x2 = {TilePixel(tile, 6 - x, 4 - y), TilePixel(tile, 7 - x, 5 - y),
+             TilePixel(tile, 8 - x, 4 - y)};
+  };
+  std::vector<GridLine> lines;
+  viewWindows.drawGridLine = [&](Canvas*, const GridLine& line, uint32_t r, uint32_t g, uint32_t b,
+                                 int invert, const ViewRect& clip) {
+    EXPECT_EQ(r + 10 * g + 100 * b, 321u);
+    EXPECT_EQ(invert, 1);
+    EXPECT_EQ(clip.width, 20);
+    lines.push_back(line);
+  };
+  RedrawRect(canvas, 0, 0, 19, 11);
+  ASSERT_EQ(drawn.size(), 1u);
+  EXPECT_EQ(std::tie(drawn[0].width, drawn[0].height), std::make_tuple(20, 12));
+  // Pixel (3, 2) fills view 6..7 x 4..5; its neighbour is white.
+  EXPECT_EQ(at3x2, (std::vector<Rgb>{{30, 20, 10}, {30, 20, 10}, {255, 255, 255}}));
+  // Columns 0, 4, 8 and rows 0, 4, each once, at the middle of their pixels.
+  ASSERT_EQ(lines.size(), 5u);
+  EXPECT_EQ(std::tie(lines[2].x0, lines[3].y0, lines[4].x1), std::make_tuple(17, 1, 23));
+}
+
+}  // namespace

@@ -1,0 +1,126 @@
+// Smooth Zoom: the factor list, the rectangle's choice, and the round trip
+// of the planes through their .zmt files.
+#include <cstdio>
+#include <string>
+#include <tuple>
+#include <vector>
+
+#include "display/smooth_zoom.h"
+#include "display/smooth_zoom_choice.h"
+#include "resources/strings.h"
+#include "shell/temp_folder.h"
+#include "view_fixture.h"
+
+namespace {
+
+class SmoothZoom : public ViewTest {
+ protected:
+  void SetUp() override {
+    ViewTest::SetUp();
+    smoothZoomFolder = folder.path();
+  }
+  TempFolder folder;
+};
+
+// The picture of the test, read back as blue, green, red and the mask.
+std::array<uint32_t, 4> Pattern(int x, int y) {
+  return {(x + y) & 255u, (y * 5) & 255u, (x * 3) & 255u, (x ^ y) & 255u};
+}
+
+std::array<uint32_t, 4> Pixel(const Canvas* canvas, int layer, int x, int y) {
+  std::array<uint32_t, 4> p{};
+  PlaneStore.ReadPixel24(canvas->planes[SlotIndex(layer, 0)].plane, x, y, &p[2], &p[1], &p[0]);
+  PlaneStore.ReadPixel8(canvas->planes[SlotIndex(layer, 1)].plane, x, y, &p[3]);
+  return p;
+}
+
+void FillPattern(Canvas* canvas, int layer) {
+  const PlaneSlot& slot = canvas->planes[SlotIndex(layer, 0)];
+  for (int y = 0; y < slot.height; ++y)
+    for (int x = 0; x < slot.width; ++x) {
+      const auto p = Pattern(x, y);
+      PlaneStore.WritePixel24(slot.plane, x, y, p[2], p[1], p[0]);
+      PlaneStore.WritePixel8(canvas->planes[SlotIndex(layer, 1)].plane, x, y, p[3]);
+    }
+}
+
+TEST_F(SmoothZoom, ListRowsAreSortedWhileTheIndexPicksTheFactor) {
+  EXPECT_EQ(SmoothZoomListRows(), (std::vector<std::string>{"x16", "x2", "x32", "x4", "x8"}));
+  for (int row = 0; row < 5; ++row) EXPECT_EQ(SmoothZoomFactorOfRow(row), 2 << row);
+
+  Canvas* canvas = MakeBlank(100, 100);
+  const SmoothZoomChoice& c = smoothZoomChoice;
+  BeginSmoothZoomChoice(canvas, {4, 1});  // row "x8" gives 32: 3 x 3, centred
+  EXPECT_EQ(std::tie(c.factor, c.width, c.height, c.left), std::make_tuple(32, 3, 3, 48));
+  EXPECT_EQ(EndSmoothZoomChoice(canvas, 0), 0);
+  EXPECT_EQ(std::tie(c.width, canvas->smoothZoom), std::make_tuple(1, 0));
+
+  CanvasManager.AddLayer(canvas, 10, 20, 30, 40);
+  canvas->activePlane = 8;
+  BeginSmoothZoomChoice(canvas, {0, 0});  // "x16" gives 2: 50 x 50 centred on the layer
+  EXPECT_EQ(std::tie(c.left, c.top), std::make_tuple(10 - 10, 20 - 5));
+  PointerAt({{50, 50}, {53, 45}});
+  held = 1;
+  DragSmoothZoomChoice(canvas);
+  EXPECT_EQ(std::tie(c.left, c.top), std::make_tuple(3, 10));
+  EXPECT_EQ(EndSmoothZoomChoice(canvas, 1), 1);
+  EXPECT_EQ(std::tie(canvas->smoothZoom, canvas->smoothZoomLeft), std::make_tuple(2, 3));
+  EXPECT_EQ(RefusedInSmoothZoom(canvas, kStringLayersCannotResize), 1);
+  EXPECT_EQ(headless::Recorded().boxes.back().text, StringText(1402));
+  EXPECT_EQ(LeaveSmoothZoom(canvas), 1);
+  EXPECT_EQ(RefusedInSmoothZoom(canvas, kStringNotInSmoothZoom), 0);
+}
+
+TEST_F(SmoothZoom, PlanesGoThroughTheirFilesAndComeBackWithTheChange) {
+  Canvas* canvas = MakeBlank(64, 48);
+  CanvasManager.AddLayer(canvas, 40, 30, 20, 10);
+  FillPattern(canvas, 0);
+  FillPattern(canvas, 1);
+  char name[32];
+  std::snprintf(name, sizeof name, "%04u00001.zmt", canvas->serial);
+  EXPECT_EQ(SmoothZoomFile(canvas, 0, 1), folder / name);
+
+  ASSERT_EQ(EnterSmoothZoom(canvas, 16, 12, 4, 0), 1);
+  EXPECT_EQ(EnterSmoothZoom(canvas, 0, 0, 2, 0), 0);
+  EXPECT_TRUE(folder.Exists(name));
+  EXPECT_EQ(std::tie(canvas->smoothZoom, canvas->modified), std::make_tuple(4, 1u));
+  // The 16 x 12 rectangle at (16, 12), four times as large, fills the canvas.
+  const PlaneSlot& base = canvas->planes[0];
+  EXPECT_EQ(std::tie(base.left, base.width, base.height, base.savedWidth),
+            std::make_tuple(0, 64, 48, 64));
+  for (auto [x, y] : {std::pair{0, 0}, {5, 9}, {63, 47}, {33, 20}})
+    EXPECT_EQ(Pixel(canvas, 0, x, y), Pattern(16 + x / 4, 12 + y / 4));
+  // Layer 1 lies wholly outside: one enlarged pixel, off the canvas.
+  EXPECT_EQ(std::tie(canvas->planes[8].left, canvas->planes[8].width), std::make_tuple(-4, 4));
+
+  // One enlarged pixel is painted: original (16 + 2, 12 + 1).
+  for (int y = 4; y < 8; ++y)
+    for (int x = 8; x < 12; ++x) PlaneStore.WritePixel24(base.plane, x, y, 3, 2, 1);
+  ASSERT_EQ(LeaveSmoothZoom(canvas), 1);
+  EXPECT_EQ(LeaveSmoothZoom(canvas), 0);
+  EXPECT_FALSE(folder.Exists(name));
+  EXPECT_EQ(std::tie(base.width, base.savedWidth, canvas->planes[8].left, canvas->planes[8].width),
+            std::make_tuple(64, 0, 40, 20));
+  int wrong = 0;
+  for (int y = 0; y < 48; ++y)
+    for (int x = 0; x < 64; ++x) {
+      auto expected = Pattern(x, y);
+      if (x == 18 && y == 13) expected = {1, 2, 3, expected[3]};
+      wrong += Pixel(canvas, 0, x, y) != expected;
+      wrong += x < 20 && y < 10 && Pixel(canvas, 1, x, y) != Pattern(x, y);
+    }
+  EXPECT_EQ(wrong, 0);
+  EXPECT_EQ(headless::MessagesTo(platform::Window::StatusBar, 1024).back().wParam, 0);
+}
+
+TEST_F(SmoothZoom, APlaneThatCantBeParkedLeavesTheCanvasAlone) {
+  Canvas* canvas = MakeBlank(32, 32);
+  Plane* before = canvas->planes[0].plane;
+  smoothZoomFolder = folder / "missing/";
+  EXPECT_EQ(EnterSmoothZoom(canvas, 0, 0, 2, 1), 0);
+  EXPECT_EQ(headless::Recorded().boxes.back().text, StringText(1301));
+  EXPECT_EQ(std::tie(canvas->planes[0].plane, canvas->planes[0].width, canvas->smoothZoom),
+            std::make_tuple(before, 32, 0));
+}
+
+}  // namespace
