@@ -13,8 +13,11 @@ SmoothZoomChoice smoothZoomChoice = kNoChoice;
 
 std::vector<std::string> SmoothZoomListRows() {
   std::vector<std::string> rows;
-  for (int i = 0; i < kSmoothZoomListRows; ++i)
-    rows.push_back("x" + std::to_string(kSmoothZoomFactors[i]));
+  for (int i = 0; i < kSmoothZoomListRows; ++i) {
+    std::string row = "x";
+    row += std::to_string(kSmoothZoomFactors[i]);
+    rows.push_back(row);
+  }
   std::sort(rows.begin(), rows.end());  // as the sorting list control orders them
   return rows;
 }
