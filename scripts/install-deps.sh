@@ -4,7 +4,7 @@
 set -euo pipefail
 
 packages=(cmake g++ make pkg-config zlib1g-dev libgtest-dev libgmock-dev libbenchmark-dev
-          libpixman-1-dev mingw-w64 libz-mingw-w64-dev wine64 wine
+          libpixman-1-dev libmypaint-dev mingw-w64 libz-mingw-w64-dev wine64 wine
           xvfb xdotool imagemagick fonts-wine "$@")
 
 missing=()

@@ -28,6 +28,7 @@ enum class Window {
   PartsBox,
   HorizontalRuler,  // the rulers of the active document
   VerticalRuler,
+  CanvasView,       // displayWnd of the active document: the pointer's origin
 };
 
 // Message box styles and answers carry their Win32 values, so the Win32
@@ -104,6 +105,26 @@ class PriorityBoost {
  private:
   int saved_;
 };
+
+// Pointer and keys, polled by the modal loops (strokes, drags), which run
+// inside a press handler and read the input themselves.
+struct PointerPosition {
+  int screenX, screenY;  // on the screen
+  int windowX, windowY;  // in the client area of Window::CanvasView
+};
+PointerPosition PollPointer();
+// Whether a key or button is down now, by Win32 virtual-key number (the
+// buttons are 1 left and 2 right).
+enum : int { VkLeftButton = 0x01, VkRightButton = 0x02, VkShift = 0x10, VkControl = 0x11 };
+bool KeyDown(int virtualKey);
+// Throws away the pointer messages waiting for this thread and the thread
+// messages posted to no window, so a loop's polling isn't followed by a
+// queue of stale moves.
+void DrainPointerMessages();
+// Milliseconds from a fixed start; wraps after 49 days.
+uint32_t TickCount();
+// Spins for ms milliseconds without looking at the message queue.
+void BusyWait(uint32_t ms);
 
 // Shows the wait cursor for one scope.
 class WaitCursor {

@@ -6,6 +6,7 @@
 
 #include <cerrno>
 #include <cstdlib>
+#include <algorithm>
 #include <cstring>
 #include <random>
 
@@ -19,6 +20,10 @@ thread_local uint32_t lastError = 0;
 State& Recorded() { return state; }
 
 void Reset() { state = State{}; }
+
+void ScriptPointer(const std::vector<PointerSample>& samples) {
+  state.pointerScript.insert(state.pointerScript.end(), samples.begin(), samples.end());
+}
 
 std::vector<SentMessage> MessagesTo(platform::Window to, uint32_t message) {
   std::vector<SentMessage> out;
@@ -139,6 +144,33 @@ std::string TempName(const std::string& templ) {
 FILE* OpenFile(const std::string& path, const char* mode) { return std::fopen(path.c_str(), mode); }
 
 bool RemoveFile(const std::string& path) { return std::remove(path.c_str()) == 0; }
+
+PointerPosition PollPointer() {
+  const headless::PointerSample& at = state.pointer;
+  return {at.x + state.screenOriginX, at.y + state.screenOriginY, at.x, at.y};
+}
+
+bool KeyDown(int virtualKey) {
+  const std::vector<int>& keys = state.pointer.keysDown;
+  return std::find(keys.begin(), keys.end(), virtualKey) != keys.end();
+}
+
+void DrainPointerMessages() {
+  ++state.drains;
+  if (state.pointerScript.empty()) {
+    state.pointer.keysDown.clear();
+    return;
+  }
+  state.pointer = state.pointerScript.front();
+  state.pointerScript.pop_front();
+}
+
+uint32_t TickCount() { return state.tick; }
+
+void BusyWait(uint32_t ms) {
+  state.tick += ms;
+  state.busyWaits.push_back(ms);
+}
 
 void SetWaitCursor(bool on) { state.waitCursorDepth += on ? 1 : -1; }
 

@@ -26,6 +26,14 @@ struct SentMessage {
   intptr_t lParam;
 };
 
+// One step of the pointer script: where the pointer stands in the canvas
+// view's client area and which keys and buttons are held
+// (platform::VkLeftButton, platform::VkShift, 'Q', ...).
+struct PointerSample {
+  int x = 0, y = 0;
+  std::vector<int> keysDown;
+};
+
 struct State {
   std::vector<ShownBox> boxes;
   std::vector<SentMessage> messages;
@@ -36,11 +44,23 @@ struct State {
   int waitCursorDepth = 0;
   int priority = platform::PriorityNormal;
   std::vector<int> prioritiesSet;  // every priority set, in order
+  // The pointer as polled now. Each DrainPointerMessages() steps to the
+  // next sample of the script, as the moves queued meanwhile would; when
+  // the script has run out the pointer stays and every key reads as up.
+  PointerSample pointer;
+  std::deque<PointerSample> pointerScript;
+  int screenOriginX = 0, screenOriginY = 0;  // the view's client origin on the screen
+  int drains = 0;
+  uint32_t tick = 0;               // TickCount(); moved only by BusyWait and tests
+  std::vector<uint32_t> busyWaits;  // every wait, in order
 };
 
 // The recorded state; Reset() restores the start state.
 State& Recorded();
 void Reset();
+
+// Appends steps to the pointer script.
+void ScriptPointer(const std::vector<PointerSample>& samples);
 
 // Messages of one kind sent to one window, in order.
 std::vector<SentMessage> MessagesTo(platform::Window to, uint32_t message);

@@ -111,6 +111,44 @@ FILE* OpenFile(const std::string& path, const char* mode) {
 
 bool RemoveFile(const std::string& path) { return DeleteFileW(Widen(path).c_str()) != 0; }
 
+PointerPosition PollPointer() {
+  POINT p{};
+  GetCursorPos(&p);
+  PointerPosition at{p.x, p.y, p.x, p.y};
+  if (HWND view = BoundWindow(Window::CanvasView)) {
+    ScreenToClient(view, &p);
+    at.windowX = p.x;
+    at.windowY = p.y;
+  }
+  return at;
+}
+
+// The physical button state, as the loops have always read it.
+bool KeyDown(int virtualKey) { return (GetAsyncKeyState(virtualKey) & 0x8000) != 0; }
+
+void DrainPointerMessages() {
+  MSG msg;
+  while (PeekMessageW(&msg, nullptr, WM_MOUSEFIRST, WM_MOUSELAST, PM_REMOVE)) {
+  }
+  // A window handle of -1 takes only thread messages posted to no window.
+  while (PeekMessageW(&msg, reinterpret_cast<HWND>(-1), 0, 0, PM_REMOVE)) {
+  }
+}
+
+uint32_t TickCount() { return GetTickCount(); }
+
+// The tick count moves in steps of about 16 ms; the counter is fine enough
+// for waits of a few milliseconds.
+void BusyWait(uint32_t ms) {
+  LARGE_INTEGER frequency, start, now;
+  QueryPerformanceFrequency(&frequency);
+  QueryPerformanceCounter(&start);
+  const LONGLONG ticks = frequency.QuadPart * ms / 1000;
+  do {
+    QueryPerformanceCounter(&now);
+  } while (now.QuadPart - start.QuadPart < ticks);
+}
+
 void SetWaitCursor(bool on) {
   static HCURSOR previous = nullptr;
   if (on)

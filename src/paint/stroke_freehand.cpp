@@ -1,0 +1,70 @@
+// RunFreehandStroke: a dab in each pass, where the pointer is.
+#include <cmath>
+
+#include "paint/dab_count.h"
+#include "paint/pen_modes.h"
+#include "paint/pen_record.h"
+#include "paint/pen_rows.h"
+#include "paint/place_dab.h"
+#include "paint/stroke_loop.h"
+#include "paint/stroke_loops.h"
+#include "paint/stroke_outline.h"
+#include "paint/stroke_position.h"
+#include "paint/stroke_pressure.h"
+#include "paint/stroke_segment.h"
+#include "platform/platform.h"
+#include "settings/settings.h"
+
+namespace {
+
+// Dabbing in place reads and writes the same rows again and again, so the
+// planes of the layer keep more rows at hand for the stroke.
+void LayerRowCaches(Canvas* canvas, bool wide) {
+  const int base = ActiveLayerBase(canvas);
+  for (int position = 0; position < kPlanesPerLayer; ++position) {
+    Plane* plane = canvas->planes[base + position].plane;
+    if (!plane) continue;
+    if (wide)
+      PlaneStore.WidenRowCache(plane);
+    else
+      PlaneStore.NarrowRowCache(plane);
+  }
+}
+
+}  // namespace
+
+int RunFreehandStroke(Canvas* canvas, int, int, int rightButton) {
+  const double spacing = StrokeSpacing();
+  int first = 1;
+  StrokeBox box;
+  if (!BeginStroke(canvas, rightButton)) return 0;
+  const bool singleShot = SingleShotHeld();
+  // Only the Clone pen's outline moves with the stroke: it shows the source.
+  const bool clone = pen.mode == kModeClone;
+  if (clone) HidePenOutline();
+  LayerRowCaches(canvas, true);
+
+  for (;;) {
+    platform::DrainPointerMessages();
+    if (!StrokeButtonHeld(rightButton)) break;
+    const StrokePoint at = StrokePosition(canvas, first);
+    ApplyPressure(first, -1);
+    const int x = static_cast<int>(std::trunc(at.x)), y = static_cast<int>(std::trunc(at.y));
+    StrokeBox dab;
+    PlaceDab(canvas, x, y, 1, rightButton, &dab.left, &dab.top, &dab.right, &dab.bottom, spacing,
+             first);
+    // Both coordinates must change before the outline follows.
+    if (clone && x != penOutline.x && y != penOutline.y) MovePenOutline(canvas, x, y);
+    box.Merge(dab);
+    RestorePen();
+    first = 0;
+    ++dabCount;
+    if (singleShot) break;
+  }
+
+  LayerRowCaches(canvas, false);
+  if (clone) ShowPenOutline(canvas);
+  EndStroke(canvas);
+  if (!settings.restrainUndoDuringFreehand) RecordStrokeUndo(canvas, box);
+  return 1;
+}

@@ -1,0 +1,134 @@
+// Mode Color's three sources (flat colour, pattern, gradient) through the
+// Tone Filter, the tile modes, and the mode without a kernel, as rows of
+// FetchModeRow.
+#include "paint/pen_modes.h"
+#include "pen_mode_support.h"
+
+namespace {
+
+using namespace pentest;
+
+class ColorModeTest : public KernelTest {
+ protected:
+  void SetUp() override {
+    KernelTest::SetUp();
+    MakeLayer();
+    pen.red = 10, pen.green = 20, pen.blue = 30;
+  }
+  // The mask's protection of row y, columns x0..x1 (zero off the plane).
+  uint8_t MaskAt(int x, int y) {
+    return x >= 0 && x < kWidth && y >= 0 && y < kHeight ? Snap(mask).at(x, y) : 0;
+  }
+};
+
+// A tone that lets through 16 x column of a row, as a filter would cut it.
+void StripeTone(int, int x0, int x1, int, int, int, int, uint8_t* row, int init) {
+  for (int x = x0; x <= x1; ++x) {
+    uint8_t cut = uint8_t(std::min(255, 16 * std::max(0, x)));
+    row[x - x0] = init ? cut : std::min(row[x - x0], cut);
+  }
+}
+
+TEST_F(ColorModeTest, FlatColourIsCutByToneAndMask) {
+  for (bool tone : {false, true}) {
+    toneRowFilter = tone ? StripeTone : nullptr;
+    KernelRows rows = Fetch(4, -2, 13, -2, 0, 13, 11);
+    EXPECT_EQ(0, rows.kind);
+    for (int i = 0; i < 16; ++i) {
+      const int x = i - 2;
+      EXPECT_EQ(30, rows.source[3 * i]);
+      EXPECT_EQ(20, rows.source[3 * i + 1]);
+      EXPECT_EQ(10, rows.source[3 * i + 2]);
+      uint8_t coverage = tone ? uint8_t(std::min(255, 16 * std::max(0, x))) : 255;
+      EXPECT_EQ(uint8_t(255 - coverage) | MaskAt(x, 4), rows.protect[i])
+          << "tone " << tone << " x " << x;
+      EXPECT_EQ(kSentinel, rows.opacity[i]);
+    }
+  }
+}
+
+void Diagonal(uint8_t* row, int y, int x0, int x1, int left, int top, int right, int bottom) {
+  for (int x = x0; x <= x1; ++x) {
+    uint8_t* p = row + 3 * (x - x0);
+    p[0] = uint8_t(x - left), p[1] = uint8_t(y - top), p[2] = uint8_t(right + bottom);
+  }
+}
+
+TEST_F(ColorModeTest, GradientComesFromItsSourceOrPaintsNothing) {
+  pen.colorStyle = 1;
+  KernelRows none = Fetch(2, 1, 6, 1, 1, 6, 5);
+  EXPECT_EQ(std::vector<uint8_t>(6, 255), none.protect);
+  gradientRowSource = Diagonal;
+  KernelRows rows = Fetch(2, 1, 6, 1, 1, 6, 5);
+  EXPECT_EQ(0, rows.kind);
+  for (int i = 0; i < 6; ++i) {
+    EXPECT_EQ(i, rows.source[3 * i]);
+    EXPECT_EQ(1, rows.source[3 * i + 1]);
+    EXPECT_EQ(11, rows.source[3 * i + 2]);
+    EXPECT_EQ(MaskAt(1 + i, 2), rows.protect[i]);
+  }
+}
+
+TEST_F(ColorModeTest, PatternIsAnchoredToTheCanvasOrMovesAsATip) {
+  // A 5 x 3 pattern with alpha; pixel (px, py) = (px, py, 7), alpha 40 px + py.
+  pen.patternImage = PlaneStore.CreatePlane(5, 3, 24, 0, 1, Physical);
+  pen.patternAlpha = PlaneStore.CreatePlane(5, 3, 8, 0, 1, Physical);
+  Image picture{5, 3, 3, std::vector<uint8_t>(45)}, alphaBytes{5, 3, 1, std::vector<uint8_t>(15)};
+  for (int py = 0; py < 3; ++py)
+    for (int px = 0; px < 5; ++px) {
+      picture.at(px, py, 0) = uint8_t(px), picture.at(px, py, 1) = uint8_t(py);
+      picture.at(px, py, 2) = 7;
+      alphaBytes.at(px, py) = uint8_t(40 * px + py);
+    }
+  Put(pen.patternImage, picture);
+  Put(pen.patternAlpha, alphaBytes);
+  pen.patternActive = 1;
+  toneRowFilter = StripeTone;
+  for (int asTip : {0, 1}) {
+    patternIsTip = asTip;
+    const int y = 7, x0 = -3, x1 = 12, boxTop = 5;
+    KernelRows rows = Fetch(y, x0, x1, x0, boxTop, x1, 11);
+    const int py = asTip ? (y - boxTop) % 3 : y % 3;
+    for (int i = 0; i <= x1 - x0; ++i) {
+      const int x = x0 + i;
+      const int px = asTip ? i % 5 : ((x % 5) + 5) % 5;
+      EXPECT_EQ(px, rows.source[3 * i]) << "tip " << asTip << " x " << x;
+      EXPECT_EQ(py, rows.source[3 * i + 1]);
+      uint8_t coverage = std::min<int>(40 * px + py, std::min(255, 16 * std::max(0, x)));
+      EXPECT_EQ(uint8_t(255 - coverage) | MaskAt(x, y), rows.protect[i])
+          << "tip " << asTip << " x " << x;
+    }
+  }
+}
+
+TEST_F(ColorModeTest, TileModesRepeatTheirTileOrPaintNothingWithout) {
+  for (uint32_t mode : {kModeFilter, kModeLayer}) {
+    pen.mode = mode;
+    SetSourceTile(nullptr);
+    KernelRows none = Fetch(3, 0, 9, 0, 0, 9, 9);
+    EXPECT_EQ(std::vector<uint8_t>(10, 255), none.protect);
+    Plane* tile = PlaneStore.CreatePlane(4, 3, 24, 0, 1, Physical);
+    Image tiles{4, 3, 3, std::vector<uint8_t>(36)};
+    for (size_t k = 0; k < tiles.bytes.size(); ++k) tiles.bytes[k] = uint8_t(k);
+    Put(tile, tiles);
+    SetSourceTile(tile);
+    KernelRows rows = Fetch(5, -2, 9, -2, 0, 9, 9);
+    EXPECT_EQ(0, rows.kind);
+    for (int i = 0; i < 12; ++i) {
+      const int x = i - 2, tx = ((x % 4) + 4) % 4;
+      for (int c = 0; c < 3; ++c) EXPECT_EQ(tiles.at(tx, 5 % 3, c), rows.source[3 * i + c]);
+      EXPECT_EQ(kSentinel, rows.opacity[i]);
+      EXPECT_EQ(MaskAt(x, 5), rows.protect[i]);
+    }
+  }
+}
+
+TEST_F(ColorModeTest, ClipboardModeRunsNoKernel) {
+  pen.mode = kModeClipboard;
+  KernelRows rows = Fetch(3, 0, 7, 0, 0, 7, 7);
+  EXPECT_EQ(-1, rows.kind);
+  EXPECT_EQ(std::vector<uint8_t>(24, kSentinel), rows.source);
+  for (int i = 0; i < 8; ++i) EXPECT_EQ(kSentinel | MaskAt(i, 3), rows.protect[i]);
+}
+
+}  // namespace

@@ -1,0 +1,201 @@
+// PlaceDab: where a dab lands with and without Anti-Alias, the sub-pixel
+// shift of the tip, spacing, the speed wait, and the Undo Pen.
+#include "paint/pen_modes.h"
+#include "pen_mode_support.h"
+
+namespace {
+
+using namespace pentest;
+
+class PlaceDabTest : public KernelTest {
+ protected:
+  void SetUp() override {
+    KernelTest::SetUp();
+    MakeLayer();
+    pen.red = 200, pen.green = 100, pen.blue = 50;
+    pen.colorThickness = 180;
+  }
+  // The plane after a flat-colour stamp of dw x dh values at (left, top),
+  // as the 8-bit blend of kind 0 gives it.
+  void Stamp(const std::vector<unsigned>& values, int dw, int dh, int left, int top, Image& im,
+             Image& a) {
+    const Image m = Snap(mask);
+    const uint8_t colour[3] = {50, 100, 200};
+    for (int r = 0; r < dh; ++r)
+      for (int c = 0; c < dw; ++c) {
+        const int x = left + c, y = top + r;
+        if (x < 0 || x >= kWidth || y < 0 || y >= kHeight) continue;
+        RefBlend8(colour, &im.at(x, y), values[r * dw + c], m.at(x, y), &a.at(x, y), 0, 0,
+                  pen.colorThickness, 255, std::rand);
+      }
+  }
+  int Dab(double x, double y, int& first, std::array<int, 4>& box, int rightButton = 0,
+          double spacing = 1.0) {
+    return PlaceDab(canvas.get(), x, y, 0, rightButton, &box[0], &box[1], &box[2], &box[3], spacing,
+                    first);
+  }
+};
+
+TEST_F(PlaceDabTest, WithoutAntiAliasTheTipLandsOnTheRoundedPixel) {
+  penAntiAlias = 0;
+  const std::vector<uint8_t> tip = {255, 128, 9, 60, 0, 201}, low(6, 0);
+  SetTip(3, 2, tip, low);
+  // (5.4, 6.6) rounds to (5, 7): left 5 + 1 - 3 / 2, top 7 + 1 - 2 / 2.
+  for (auto [x, y, left, top] : {std::tuple{5.4, 6.6, 5, 7}, {-1.6, 10.5, -1, 11}}) {
+    Image im = Snap(image), a = Snap(alpha);
+    Stamp(std::vector<unsigned>(tip.begin(), tip.end()), 3, 2, left, top, im, a);
+    int first = 1;
+    std::array<int, 4> box{};
+    EXPECT_EQ(1, Dab(x, y, first, box));
+    EXPECT_EQ((std::array<int, 4>{left, top, left + 3, top + 2}), box);
+    EXPECT_EQ(im, Snap(image));
+    EXPECT_EQ(a, Snap(alpha));
+  }
+}
+
+// The tip shifted right by fx and down by fy 255ths of a pixel: (w + 1) x
+// (h + 1) values.
+std::vector<unsigned> Shifted(const std::vector<uint8_t>& tip, int w, int h, unsigned fx,
+                              unsigned fy) {
+  auto t = [&](int c, int r) -> unsigned {
+    return c < 0 || c >= w || r < 0 || r >= h ? 0 : tip[r * w + c];
+  };
+  std::vector<unsigned> out;
+  for (int r = 0; r <= h; ++r)
+    for (int c = 0; c <= w; ++c) {
+      unsigned upper = std::min(255u, RefMul(t(c - 1, r), fx) + RefMul(t(c, r), 255 - fx));
+      unsigned lower = std::min(255u, RefMul(t(c - 1, r - 1), fx) + RefMul(t(c, r - 1), 255 - fx));
+      out.push_back(std::min(255u, RefMul(upper, 255 - fy) + RefMul(lower, fy)));
+    }
+  return out;
+}
+
+TEST_F(PlaceDabTest, WithAntiAliasTheTipIsShiftedByTheFraction) {
+  const int w = 4, h = 3;
+  const std::vector<uint8_t> tip = RandomBytes(w * h);
+  SetTip(w, h, tip, std::vector<uint8_t>(w * h, 0));
+  // A position of exactly 0 counts as -1 with a full fraction.
+  struct Case {
+    double x, y;
+    int ix, iy;
+  };
+  for (Case k : {Case{7.3, 4.8, 7, 4}, Case{0.0, 2.5, -1, 2}, Case{-1.25, 9.0, -2, 9}}) {
+    SCOPED_TRACE(testing::Message() << k.x << "," << k.y);
+    const unsigned fx = unsigned((k.x - k.ix) * 255.0), fy = unsigned((k.y - k.iy) * 255.0);
+    const int left = k.ix + 1 - (w + 1) / 2, top = k.iy + 1 - (h + 1) / 2;
+    Image im = Snap(image), a = Snap(alpha);
+    Stamp(Shifted(tip, w, h, fx, fy), w + 1, h + 1, left, top, im, a);
+    int first = 1;
+    std::array<int, 4> box{};
+    EXPECT_EQ(1, Dab(k.x, k.y, first, box));
+    EXPECT_EQ(0, first);
+    EXPECT_EQ((std::array<int, 4>{left, top, left + w + 1, top + h + 1}), box);
+    EXPECT_EQ(im, Snap(image));
+    EXPECT_EQ(a, Snap(alpha));
+  }
+}
+
+TEST_F(PlaceDabTest, DoubleAccuracyShiftsTheLowBytesAsValuesOfTheirOwn) {
+  const int w = 3, h = 3;
+  const std::vector<uint8_t> high = RandomBytes(w * h), low = RandomBytes(w * h);
+  SetTip(w, h, high, low);
+  canvas->doubleAccuracy = 1;
+  Plane*& accuracy = canvas->planes[0].accuracyPlane;
+  accuracy = PlaneStore.CreatePlane(kWidth, kHeight, 24, 0, 1, Physical);
+  Randomise(accuracy);
+  Image hi = Snap(image), lo = Snap(accuracy), a = Snap(alpha);
+  const Image m = Snap(mask);
+  const double x = 5.7, y = 6.2;
+  const unsigned fx = unsigned((x - 5) * 255.0), fy = unsigned((y - 6) * 255.0);
+  const std::vector<unsigned> sh = Shifted(high, w, h, fx, fy), sl = Shifted(low, w, h, fx, fy);
+  const uint8_t colour[3] = {50, 100, 200};
+  const int left = 5 + 1 - 2, top = 6 + 1 - 2;
+  for (int r = 0; r <= h; ++r)
+    for (int c = 0; c <= w; ++c) {
+      const int px = left + c, py = top + r;
+      RefBlend16(colour, &hi.at(px, py), &lo.at(px, py), sh[r * (w + 1) + c],
+                 int(sl[r * (w + 1) + c]), m.at(px, py), &a.at(px, py), 0, 0, 180, 255);
+    }
+  int first = 1;
+  std::array<int, 4> box{};
+  Dab(x, y, first, box);
+  EXPECT_EQ(hi, Snap(image));
+  EXPECT_EQ(lo, Snap(accuracy));
+  EXPECT_EQ(a, Snap(alpha));
+}
+
+TEST_F(PlaceDabTest, SpacingRefusesNearDabsOnlyWhenConnected) {
+  SetTip(2, 2, {255, 255, 255, 255}, {0, 0, 0, 0});
+  for (int isConnected : {1, 0}) {
+    connected = isConnected;
+    int first = 1;
+    std::array<int, 4> box{};
+    EXPECT_EQ(1, Dab(4.5, 4.5, first, box, 0, 2.0));
+    const Image after = Snap(image);
+    EXPECT_EQ(isConnected ? 0 : 1, Dab(5.9, 4.5, first, box, 0, 2.0));
+    if (isConnected) {
+      EXPECT_EQ((std::array<int, 4>{5, 4, 5, 4}), box);  // the point
+      EXPECT_EQ(after, Snap(image));
+    } else {
+      EXPECT_NE(after, Snap(image));
+    }
+    // The distance is from the last dab placed.
+    EXPECT_EQ(1, Dab(6.5, 4.5, first, box, 0, 2.0));
+  }
+}
+
+TEST_F(PlaceDabTest, SpeedWaitsBeforeEachDab) {
+  SetTip(1, 1, {255}, {0});
+  int first = 1;
+  std::array<int, 4> box{};
+  for (int aa : {1, 0}) {
+    penAntiAlias = aa;
+    speedDelay = 0;
+    Dab(3, 3, first, box);
+    speedDelay = 35;
+    Dab(3, 3, first, box);
+  }
+  EXPECT_EQ((std::vector<uint32_t>{35, 35}), headless::Recorded().busyWaits);
+}
+
+TEST_F(PlaceDabTest, UndoPenPaintsTheSnapshotBackThroughTheMask) {
+  SetTip(3, 3, std::vector<uint8_t>(9, 255), std::vector<uint8_t>(9, 255));
+  pen.colorThickness = 255;
+  const Image im = Snap(image), a = Snap(alpha), m = Snap(mask);
+  for (bool snapshot : {true, false}) {
+    undoPenImage = snapshot ? PlaneStore.CreatePlane(kWidth, kHeight, 24, 0, 1, Physical) : nullptr;
+    undoPenTransparency =
+        snapshot ? PlaneStore.CreatePlane(kWidth, kHeight, 8, 0, 1, Physical) : nullptr;
+    if (snapshot) {
+      Put(undoPenImage, im);
+      Put(undoPenTransparency, a);
+    }
+    Randomise(image);  // the strokes since
+    Randomise(alpha);
+    Image want = Snap(image), wantAlpha = Snap(alpha);
+    // Right button at (6.2, 4.9) restores a 3 x 3 tip centred on (6, 4).
+    for (int y = 3; y <= 5; ++y)
+      for (int x = 5; x <= 7; ++x) {
+        if (m.at(x, y)) continue;  // full protection keeps the pixel
+        for (int c = 0; c < 3; ++c) want.at(x, y, c) = snapshot ? im.at(x, y, c) : 255;
+        wantAlpha.at(x, y) = snapshot ? a.at(x, y) : 0;
+      }
+    // A protecting mask pixel in the tip, so it is not all in the clear.
+    ASSERT_NE(0, m.at(5, 3) | m.at(6, 3) | m.at(7, 3) | m.at(5, 4) | m.at(6, 4) | m.at(7, 4) |
+                     m.at(5, 5) | m.at(6, 5) | m.at(7, 5));
+    Image full = m;
+    for (uint8_t& byte : full.bytes) byte = byte ? 255 : 0;
+    Put(mask, full);
+    int first = 1;
+    std::array<int, 4> box{};
+    Dab(6.2, 4.9, first, box, 1);
+    EXPECT_EQ((std::array<int, 4>{5, 3, 8, 6}), box);
+    EXPECT_EQ(want, Snap(image));
+    EXPECT_EQ(wantAlpha, Snap(alpha));
+    Put(mask, m);
+    PlaneStore.FreePlane(&undoPenImage);
+    PlaneStore.FreePlane(&undoPenTransparency);
+  }
+}
+
+}  // namespace

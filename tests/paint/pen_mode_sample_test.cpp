@@ -1,0 +1,198 @@
+// The modes that take their colour from the plane: Blur, Blur 2, Stir,
+// Eraser, Clone, Noise, and the grab-and-drop modes, as rows of
+// FetchModeRow checked against the pixels read in the test.
+#include <cmath>
+
+#include "paint/pen_modes.h"
+#include "pen_mode_support.h"
+
+namespace {
+
+using namespace pentest;
+
+class SampleModeTest : public KernelTest {
+ protected:
+  void SetUp() override {
+    KernelTest::SetUp();
+    MakeLayer();
+  }
+  // What a kernel row gives for pixel i when it reads `read`: the colour
+  // and opacity, unprotected (the mask's own protection is ored after).
+  void ExpectTaken(const KernelRows& rows, int i, const uint8_t read[4], int x, int y) {
+    for (int c = 0; c < 3; ++c) EXPECT_EQ(read[c], rows.source[3 * i + c]) << "x " << x;
+    EXPECT_EQ(read[3], rows.opacity[i]) << "x " << x;
+    EXPECT_EQ(MaskOr(0, x, y), rows.protect[i]) << "x " << x;
+  }
+  uint8_t MaskOr(uint8_t p, int x, int y) {
+    return p | (x >= 0 && x < kWidth && y >= 0 && y < kHeight ? Snap(mask).at(x, y) : 0);
+  }
+};
+
+TEST_F(SampleModeTest, BlurTakesTheRoundedMeanOfTheCrossThatAnswers) {
+  pen.mode = kModeBlur;
+  for (int y : {0, 6, 11}) {
+    KernelRows rows = Fetch(y, -1, kWidth, -1, 0, kWidth, 11);
+    EXPECT_EQ(1, rows.kind);
+    for (int i = 0; i < kWidth + 2; ++i) {
+      const int x = i - 1;
+      unsigned n = 0, sum[4] = {0, 0, 0, 0};
+      for (auto [dx, dy] : {std::pair{-1, 0}, {1, 0}, {0, 0}, {0, -1}, {0, 1}}) {
+        uint8_t p[4];
+        if (!PenPixel(x + dx, y + dy, p)) continue;
+        ++n;
+        for (int c = 0; c < 4; ++c) sum[c] += p[c];
+      }
+      if (n == 0) {
+        EXPECT_EQ(255, rows.protect[i]);
+        continue;
+      }
+      uint8_t mean[4];
+      for (int c = 0; c < 4; ++c) mean[c] = uint8_t((sum[c] + n / 2) / n);
+      ExpectTaken(rows, i, mean, x, y);
+    }
+  }
+}
+
+TEST_F(SampleModeTest, Blur2TakesTheMeanOfTheUnprotectedBox) {
+  pen.mode = kModeBlur2;
+  Image im = Snap(image), m = Snap(mask), a = Snap(alpha);
+  // A box hanging over the left and top edges: only plane pixels count.
+  const int left = -2, top = -1, right = 5, bottom = 4;
+  uint64_t sum[4] = {0, 0, 0, 0}, count = 0;
+  for (int y = 0; y <= bottom; ++y)
+    for (int x = 0; x <= right; ++x) {
+      if (m.at(x, y)) continue;
+      for (int c = 0; c < 3; ++c) sum[c] += im.at(x, y, c);
+      sum[3] += a.at(x, y);
+      ++count;
+    }
+  KernelRows rows = Fetch(2, left, right, left, top, right, bottom);
+  EXPECT_EQ(1, rows.kind);
+  for (int i = 0; i <= right - left; ++i) {
+    const uint8_t mean[4] = {uint8_t((sum[0] + count / 2) / count),
+                             uint8_t((sum[1] + count / 2) / count),
+                             uint8_t((sum[2] + count / 2) / count), uint8_t(sum[3] / count)};
+    ExpectTaken(rows, i, mean, left + i, 2);
+  }
+  // Everything protected: white, and nothing painted.
+  Image full = m;
+  std::fill(full.bytes.begin(), full.bytes.end(), 1);
+  Put(mask, full);
+  KernelRows none = Fetch(2, 0, 3, 0, 0, 3, 3);
+  EXPECT_EQ(std::vector<uint8_t>(12, 255), none.source);
+  EXPECT_EQ(std::vector<uint8_t>(4, 255), none.protect);
+}
+
+TEST_F(SampleModeTest, StirReadsAtTwoRandomOffsetsPerColumn) {
+  for (bool imagePlane : {true, false}) {
+    pen.mode = kModeStir;
+    canvas->activePlane = imagePlane ? 0 : 2;
+    std::srand(99);
+    KernelRows rows = Fetch(5, 0, kWidth - 1, 0, 0, 15, 11);
+    EXPECT_EQ(imagePlane ? 1 : 0, rows.kind);
+    if (!imagePlane) continue;  // the reading below is the image plane's
+    std::srand(99);
+    for (int x = 0; x < kWidth; ++x) {
+      const int dx = (std::rand() & 63) - 32;
+      const int dy = (std::rand() & 63) - 32;
+      uint8_t p[4];
+      if (PenPixel(x + dx, 5 + dy, p))
+        ExpectTaken(rows, x, p, x, 5);
+      else
+        EXPECT_EQ(255, rows.protect[x]);
+    }
+  }
+}
+
+TEST_F(SampleModeTest, CloneReadsAtTheOffsetAndEraserKeepsTheColour) {
+  pen.mode = kModeClone;
+  PenKernels.cloneOffsetX = 3;
+  PenKernels.cloneOffsetY = -2;
+  KernelRows rows = Fetch(4, 0, kWidth - 1, 0, 0, 15, 11);
+  EXPECT_EQ(1, rows.kind);
+  for (int x = 0; x < kWidth; ++x) {
+    uint8_t p[4];
+    if (PenPixel(x + 3, 2, p))
+      ExpectTaken(rows, x, p, x, 4);
+    else
+      EXPECT_EQ(255, rows.protect[x]);
+  }
+  pen.mode = kModeEraser;
+  Image im = Snap(image);
+  KernelRows erase = Fetch(4, 0, kWidth - 1, 0, 0, 15, 11);
+  EXPECT_EQ(1, erase.kind);
+  for (int x = 0; x < kWidth; ++x) {
+    const uint8_t own[4] = {im.at(x, 4, 0), im.at(x, 4, 1), im.at(x, 4, 2), 0};
+    ExpectTaken(erase, x, own, x, 4);
+  }
+}
+
+TEST_F(SampleModeTest, NoiseAddsThreeDrawsPerPixelRedFirst) {
+  pen.mode = kModeNoise;
+  Image im = Snap(image);
+  std::srand(7);
+  KernelRows rows = Fetch(3, 0, kWidth - 1, 0, 0, 15, 11);
+  EXPECT_EQ(0, rows.kind);
+  std::srand(7);
+  for (int x = 0; x < kWidth; ++x) {
+    for (int c : {2, 1, 0}) {
+      const int v = im.at(x, 3, c) + std::rand() % 33 - 16;
+      EXPECT_EQ(std::clamp(v, 0, 255), rows.source[3 * x + c]);
+    }
+    EXPECT_EQ(MaskOr(0, x, 3), rows.protect[x]);
+  }
+}
+
+// Rounds half away from zero, 0 itself to 0.
+int Round(double v) { return int(v > 0 ? v + 0.5 : v - 0.5); }
+
+TEST_F(SampleModeTest, GrabbingModesDropWhatTheLastDabGrabbed) {
+  const int width = 7, height = 5;  // a box of 7 x 5 at (1, 2), then at (6, 5)
+  for (uint32_t mode : {kModeRub, kModeClockwise, kModeCounterclockwise}) {
+    SCOPED_TRACE(testing::Message() << "mode " << mode);
+    pen.mode = mode;
+    dabCount = 0;
+    std::vector<std::array<uint8_t, 4>> grabbed;
+    std::vector<bool> refused;
+    for (int r = 0; r < height; ++r) {
+      KernelRows rows = Fetch(2 + r, 1, 1 + width - 1, 1, 2, 1 + width - 1, 2 + height - 1);
+      EXPECT_EQ(std::vector<uint8_t>(width, 255), rows.protect);  // grab paints nothing
+      for (int c = 0; c < width; ++c) {
+        std::array<uint8_t, 4> p;
+        refused.push_back(!PenPixel(1 + c, 2 + r, p.data()));
+        grabbed.push_back(p);
+      }
+    }
+    dabCount = 1;
+    for (int r = 0; r < height; ++r) {
+      KernelRows rows = Fetch(5 + r, 6, 6 + width - 1, 6, 5, 6 + width - 1, 5 + height - 1);
+      EXPECT_EQ(1, rows.kind);
+      for (int c = 0; c < width; ++c) {
+        int gc = c, gr = r;
+        if (mode != kModeRub) {
+          const double angle = (mode == kModeClockwise ? 20.0 : -20.0) * 0.017453292519943295;
+          const int cx = c - width / 2, cy = r - height / 2;
+          gc = Round(cy * std::sin(angle) + cx * std::cos(angle)) + width / 2;
+          gr = Round(cy * std::cos(angle) - cx * std::sin(angle)) + height / 2;
+        }
+        const int x = 6 + c, y = 5 + r;
+        if (gc < 0 || gc >= width || gr < 0 || gr >= height || refused[gr * width + gc]) {
+          EXPECT_EQ(255, rows.protect[c]) << c << "," << r;
+          continue;
+        }
+        ExpectTaken(rows, c, grabbed[gr * width + gc].data(), x, y);
+      }
+    }
+  }
+}
+
+TEST_F(SampleModeTest, GrabbingModesPaintNothingPastTheirLargestBox) {
+  pen.mode = kModeRub;
+  for (int count : {0, 1}) {
+    dabCount = count;
+    KernelRows rows = Fetch(3, 0, 5, 0, 0, 290, 3);  // 291 wide
+    EXPECT_EQ(std::vector<uint8_t>(6, 255), rows.protect);
+  }
+}
+
+}  // namespace

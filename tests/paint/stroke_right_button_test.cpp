@@ -1,0 +1,182 @@
+// The right button on the canvas: the Dropper, the area pick into a
+// pattern, the Undo Pen; and the routes the pen gives the canvas view.
+#include "paint/stroke_dropper.h"
+#include "paint/stroke_loops.h"
+#include "paint/stroke_routes.h"
+#include "resources/strings.h"
+#include "stroke_test_support.h"
+
+namespace stroketest {
+namespace {
+
+using RightButtonTest = StrokeTest;
+
+std::vector<uint32_t> PenColour() { return {pen.red, pen.green, pen.blue}; }
+
+std::vector<uint32_t> Pixel(Plane* plane, int x, int y) {
+  uint32_t r = 0, g = 0, b = 0;
+  PlaneStore.ReadPixel24(plane, x, y, &r, &g, &b);
+  return {r, g, b};
+}
+
+TEST_F(RightButtonTest, DropperTakesTheComposedColourAndDropsThePattern) {
+  Canvas* canvas = MakeBlank(16, 16);
+  InstallStrokeEngine();
+  PlaneStore.WritePixel24(canvas->planes[0].plane, 3, 4, 10, 20, 30);
+  pen.patternImage = PlaneStore.CreatePlane(4, 4, 24, 0, 1, Physical);
+  pen.patternActive = 1;
+  int changes = 0;
+  strokeWindows.colourChanged = [&] { ++changes; };
+
+  // With the Dropper chosen the stroke declines and the picker runs.
+  Press(0, 0, kRight);
+  Then({{0, 0, kRight}, {0, 0, kRight}, {3, 4, kRight}, {40, -5, kRight}, {3, 4, kRight}});
+  RightButtonDown(canvas, {kToolFreeHandConnect, 0, 0, 0});
+  EXPECT_EQ(PenColour(), (std::vector<uint32_t>{10, 20, 30}));
+  EXPECT_EQ(changes, 4);  // a pick at each change of pixel; (40, -5) is clamped to (15, 0)
+  EXPECT_EQ(pen.patternImage, nullptr);
+  EXPECT_EQ(pen.patternActive, 0u);
+  EXPECT_TRUE(recordedDabs.empty());
+}
+
+TEST_F(RightButtonTest, DropperOnAnotherPlaneTakesItsValueAsPureRed) {
+  Canvas* canvas = MakeBlank(16, 16);
+  const int mask = CanvasManager.AddPlane(canvas, 0, 0);
+  ASSERT_GT(mask, 0);
+  CanvasManager.SelectPlane(canvas, mask);
+  PlaneStore.WritePixel8(canvas->planes[mask].plane, 6, 7, 77);
+  Then({{6, 7, kRight}});
+  RunDropper(canvas);
+  EXPECT_EQ(PenColour(), (std::vector<uint32_t>{77, 0, 0}));
+  EXPECT_EQ((std::vector<uint32_t>{pen.hue, pen.saturation, pen.value}),
+            (std::vector<uint32_t>{0, 255, 77}));
+}
+
+TEST_F(RightButtonTest, ShiftPicksAnAreaIntoThePattern) {
+  Canvas* canvas = MakeBlank(40, 30);
+  PlaneStore.WritePixel24(canvas->planes[0].plane, 6, 7, 1, 2, 3);
+  pen.red = 90;
+  int boxes = 0;
+  viewWindows.invertBox = [&](Canvas*, const ViewRect&) { ++boxes; };
+  Press(5, 5, {platform::VkRightButton, platform::VkShift});
+  Then({{8, 6, kRight}, {12, 50, kRight}});
+  RunDropper(canvas);
+  // Below the plane the corner's x takes the last row (29) and y stays 50.
+  ASSERT_NE(pen.patternImage, nullptr);
+  ASSERT_NE(pen.patternAlpha, nullptr);
+  EXPECT_EQ(pen.patternImage->width, 29 - 5 + 1);
+  EXPECT_EQ(pen.patternImage->height, 50 - 5 + 1);
+  EXPECT_EQ(Pixel(pen.patternImage, 1, 2), (std::vector<uint32_t>{1, 2, 3}));
+  EXPECT_EQ(pen.patternActive, 1u);
+  EXPECT_EQ(PenColour(), (std::vector<uint32_t>{0, 0, 0}));
+  uint32_t opacity = 0;
+  PlaneStore.ReadPixel8(pen.patternAlpha, 0, 0, &opacity);
+  EXPECT_EQ(opacity, 255u);
+  EXPECT_EQ(boxes % 2, 0);  // every rubber box drawn was taken off again
+}
+
+TEST_F(RightButtonTest, UndoPenPaintsTheSnapshotOfTheLastLeftStrokeBack) {
+  Canvas* canvas = MakeBlank(16, 16);
+  ChooseRightClickAction(kRightClickUndoPen);
+  OnePixelPen(0, 0, 0);
+  pen.radiusX = pen.radiusY = 2;  // a 5 x 5 block in a 6 x 6 raster
+  BuildTip();
+  Plane* image = canvas->planes[0].plane;
+  PlaneStore.WritePixel24(image, 5, 5, 1, 2, 3);
+  Then({{5, 5, kLeft}});
+  RunFreehandStroke(canvas, 0, 0, 0);
+  ASSERT_NE(undoPenImage, nullptr);
+  EXPECT_EQ(Pixel(undoPenImage, 5, 5), (std::vector<uint32_t>{1, 2, 3}));
+  // The dab at whole pixel 5 starts at 5 + 1 - 7 / 2 = 3: columns 3..7.
+  EXPECT_EQ(Pixel(image, 3, 3), (std::vector<uint32_t>{0, 0, 0}));
+  EXPECT_EQ(Pixel(image, 7, 7), (std::vector<uint32_t>{0, 0, 0}));
+
+  // The restoring dab starts at 5 - 6 / 2 = 2: columns 2..6 come back.
+  Plane* snapshot = undoPenImage;
+  Then({{5, 5, kRight}});
+  EXPECT_EQ(RunFreehandStroke(canvas, 0, 0, 1), 1);
+  EXPECT_EQ(undoPenImage, snapshot);
+  EXPECT_EQ(Pixel(image, 3, 3), (std::vector<uint32_t>{255, 255, 255}));
+  EXPECT_EQ(Pixel(image, 5, 5), (std::vector<uint32_t>{1, 2, 3}));
+  EXPECT_EQ(Pixel(image, 6, 6), (std::vector<uint32_t>{255, 255, 255}));
+  EXPECT_EQ(Pixel(image, 7, 7), (std::vector<uint32_t>{0, 0, 0}));
+
+  // Q counts as the right button; choosing an action drops the snapshot.
+  Then({{5, 5, {'Q'}}, {5, 5, {'Q'}}});
+  RunFreehandStroke(canvas, 0, 0, 1);
+  EXPECT_EQ(dabCount, 2);
+  ChooseRightClickAction(kRightClickDropper);
+  EXPECT_EQ(undoPenImage, nullptr);
+  EXPECT_EQ(RunConnectedStroke(canvas, 0, 0, 1), 0);
+}
+
+TEST_F(RightButtonTest, CloneSourceIsTheDragWithShiftInCanvasPixels) {
+  Canvas* canvas = MakeBlank(64, 64);
+  InstallStrokeEngine();
+  pen.mode = kModeClone;
+  // Without a source the pen says so and no stroke starts.
+  dabCount = 99;
+  LeftButtonDown(canvas, {kToolFreeHandConnect, 0, 0, 0});
+  ASSERT_EQ(headless::Recorded().boxes.size(), 1u);
+  EXPECT_EQ(headless::Recorded().boxes[0].text, StringText(1411));
+  EXPECT_EQ(dabCount, 99);
+
+  canvas->zoomStep = 2;
+  std::vector<std::vector<int>> lines;
+  strokeWindows.invertScreenLine = [&](int x0, int y0, int x1, int y1) {
+    lines.push_back({x0, y0, x1, y1});
+  };
+  headless::Recorded().screenOriginX = 7;
+  Press(100, 100, {platform::VkLeftButton, platform::VkShift});
+  Then({{90, 95, kLeft}, {60, 80, kLeft}});
+  LeftButtonDown(canvas, {kToolFreeHandConnect, 1, 0, 0});
+  EXPECT_EQ(PenKernels.cloneOffsetX, 20);  // 40 view pixels at 200 %
+  EXPECT_EQ(PenKernels.cloneOffsetY, 10);
+  ASSERT_EQ(lines.size() % 2, 0u);
+  EXPECT_EQ(lines.back(), (std::vector<int>{107, 100, 67, 80}));
+}
+
+TEST_F(RightButtonTest, PenToolRoutesChooseTheLoopByMode) {
+  Canvas* canvas = MakeBlank(32, 32);
+  InstallStrokeEngine();
+  RecordingPen(2);
+  pen.mode = kModeColor;
+  LeftButtonDown(canvas, {kToolFreeHandConnect, 0, 0, 0});
+  EXPECT_EQ(connected, 1);
+  pen.mode = kModeBlur;
+  LeftButtonDown(canvas, {kToolFreeHandConnect, 0, 0, 0});
+  EXPECT_EQ(connected, 0);
+  pen.mode = kModeColor;
+  LeftButtonDown(canvas, {kToolFreeHand, 0, 0, 0});
+  EXPECT_EQ(connected, 0);
+}
+
+TEST_F(RightButtonTest, OutlineFollowsTheCloneStrokeOnlyWhenBothAxesMove) {
+  Canvas* canvas = MakeBlank(64, 64);
+  pen.mode = kModeClone;
+  pen.radiusX = pen.radiusY = 3;
+  BuildTip();
+  PenKernels.cloneOffsetX = 20;
+  PenKernels.cloneOffsetY = -4;
+  std::vector<PenOutline> drawn;
+  strokeWindows.drawPenOutline = [&](WindowHandle, const PenOutline& o) { drawn.push_back(o); };
+  MovePenOutline(canvas, 10, 20);
+  ASSERT_EQ(drawn.size(), 1u);
+  // A 7 x 7 ellipse around the pointer, and the cross at the source.
+  const PenOutline o = drawn[0];
+  EXPECT_EQ((std::vector<int>{o.ellipse, o.left, o.top, o.right, o.bottom}),
+            (std::vector<int>{1, 7, 17, 14, 24}));
+  EXPECT_EQ((std::vector<int>{o.cross, o.crossX, o.crossY}), (std::vector<int>{1, 30, 16}));
+
+  Then({{10, 25, kLeft}, {14, 27, kLeft}});
+  RunFreehandStroke(canvas, 0, 0, 0);
+  // Off at the start; (10, 25) keeps x, so only (14, 27) moves it.
+  ASSERT_EQ(drawn.size(), 3u);
+  EXPECT_EQ(drawn[1].left, o.left);
+  EXPECT_EQ(drawn[2].left, 14 - 3);
+  EXPECT_EQ(drawn[2].top, 27 - 3);
+  EXPECT_EQ(penOutline.shown, 1);
+}
+
+}  // namespace
+}  // namespace stroketest

@@ -1,0 +1,158 @@
+// Pressure from a tablet, the tablet stroke, and Auto Smooth's replay of
+// its samples.
+#include <deque>
+
+#include "display/mul_table.h"
+#include "paint/stroke_loops.h"
+#include "stroke_test_support.h"
+
+namespace stroketest {
+namespace {
+
+// A tablet that answers from a queue; an empty packet (pressure -1)
+// stands for a reading with nothing there.
+struct FakeTablet {
+  std::deque<TabletPacket> packets;
+  void Install() {
+    tabletLink.state = kTabletUsable;
+    tabletLink.readSample = [this](TabletPacket* out, int) {
+      if (packets.empty()) return 0;
+      const TabletPacket p = packets.front();
+      packets.pop_front();
+      if (p.pressure < 0) return 0;
+      *out = p;
+      return 1;
+    };
+  }
+};
+
+using TabletTest = StrokeTest;
+
+TEST_F(TabletTest, PressureBendsACopyOfThePen) {
+  // No tablet: nothing bends.
+  pen.colorThickness = 200;
+  EXPECT_EQ(ApplyPressure(1, 100), 0);
+  EXPECT_EQ(pen.colorThickness, 200u);
+
+  FakeTablet tablet;
+  tablet.Install();
+  StrokeEngine.reflectOnThick = 1;
+  StrokeEngine.reflectOnDensity = 1;
+  pen.density = 90;
+  tablet.packets = {{128, 0, 0}};
+  EXPECT_EQ(ApplyPressure(1, -1), 1);
+  EXPECT_EQ(pen.colorThickness, (200u * 128 + 128) / 255);
+  EXPECT_EQ(pen.density, (90u * 128 + 128) / 255);
+  RestorePen();
+  EXPECT_EQ(pen.colorThickness, 200u);
+  EXPECT_EQ(pen.density, 90u);
+
+  // Size: the radii scale, the tip is rebuilt and stays after RestorePen.
+  StrokeEngine.reflectOnThick = StrokeEngine.reflectOnDensity = 0;
+  StrokeEngine.reflectOnSize = 1;
+  pen.radiusX = pen.radiusY = 10;
+  BuildTip();
+  EXPECT_EQ(ApplyPressure(0, 128), 1);
+  EXPECT_DOUBLE_EQ(pen.radiusX, 10.0 * 128 * 0.00392156862745098);
+  EXPECT_EQ(pen.colorThickness, (200u * 128 + 128) / 255);  // size thins the colour too
+  Plane* rebuilt = pen.tipHigh;
+  EXPECT_EQ(rebuilt->width, 12);
+  RestorePen();
+  EXPECT_DOUBLE_EQ(pen.radiusX, 10.0);
+  EXPECT_EQ(pen.tipHigh, rebuilt);
+
+  // The eraser end paints as the Eraser; the mode waits in savedMode.
+  pen.mode = kModeColor;
+  tablet.packets = {{255, -1, 0}};
+  EXPECT_EQ(ApplyPressure(1, -1), 1);
+  EXPECT_EQ(pen.mode, uint32_t(kModeEraser));
+  EXPECT_EQ(StrokeEngine.savedMode, int(kModeColor));
+  // A first reading without a packet makes the stroke a mouse stroke.
+  tablet.packets = {{-1, 0, 0}};
+  EXPECT_EQ(ApplyPressure(1, -1), 0);
+  EXPECT_EQ(StrokeEngine.tabletSeen, 0);
+  EXPECT_EQ(ApplyPressure(0, 50), 0);
+}
+
+TEST_F(TabletTest, TabletStrokePaintsOnlyWhenPacketsCome) {
+  Canvas* canvas = MakeBlank(64, 64);
+  RecordingPen(4);
+  connected = 1;
+  settings.restrainUndoDuringFreehand = 1;
+  FakeTablet tablet;
+  tablet.Install();
+  StrokeEngine.reflectOnThick = 1;
+  // One packet answers the start; then a pass with, one without, one with.
+  tablet.packets = {{255, 0, 0}, {255, 0, 10}, {-1, 0, 0}, {200, 0, 30}};
+  Then({{20, 20, kLeft}, {30, 24, kLeft}, {36, 30, kLeft}});
+  EXPECT_EQ(RunConnectedStroke(canvas, 0, 0, 0), 1);
+  std::vector<Dab> expected{{20, 20}};
+  AcceptSpaced(OfferedPoints(20, 20, 36, 30, false), 1.0, false, expected);
+  EXPECT_EQ(recordedDabs, expected);
+  // Recorded for undo whatever the restraint; the samples in even slots.
+  EXPECT_EQ(UndoHistory.entries[0].kind, kUndoRect);
+  const StrokeSample& second = StrokeEngine.strokeSamples[2];
+  EXPECT_EQ((std::vector<double>{second.x, second.y, double(second.pressure), double(second.tick)}),
+            (std::vector<double>{36, 30, 200, 30}));
+}
+
+TEST_F(TabletTest, ReplayFadesAndSmoothsTheRecordedSamples) {
+  Canvas* canvas = MakeBlank(64, 64);
+  RecordingPen(2);
+  connected = 1;
+  StrokeSample* s = StrokeEngine.strokeSamples;
+  const float xs[] = {10, 14, 20, 27, 31}, ys[] = {30, 28, 27, 22, 12};
+  const int pressures[] = {200, 180, 240, 90, 160};
+  for (int k = 0; k < 5; ++k) s[2 * k] = {xs[k], ys[k], pressures[k], uint32_t(40 * k)};
+
+  // Nine slots, ticks 0, 20, ..., 160, the odd ones means of their neighbours.
+  StrokeSample e[9];
+  for (int i = 0; i < 9; ++i) {
+    const int a = i / 2, b = (i + 1) / 2;
+    e[i] = {float((xs[a] + xs[b]) * 0.5), float((ys[a] + ys[b]) * 0.5),
+            (pressures[a] + pressures[b]) / 2, uint32_t(20 * i)};
+  }
+  // The last 100 ms are slots 4..8 (after slot 3 at 60 ms): they fall from
+  // slot 3's pressure to 0 at slot 8.
+  for (int k = 0; k < 5; ++k) e[8 - k].pressure = k * e[3].pressure / 4;
+  // The first 100 ms end at slot 5: slots 0..4 rise from 0 to slot 5's.
+  for (int k = 0; k < 5; ++k) e[k].pressure = k * e[5].pressure / 4;
+  // The mean of slots i - 5 .. i + 4 (clamped), those behind already smoothed.
+  for (int i = 0; i < 9; ++i) {
+    double sx = 0, sy = 0;
+    for (int k = i - 5; k <= i + 4; ++k) {
+      sx += e[std::clamp(k, 0, 8)].x;
+      sy += e[std::clamp(k, 0, 8)].y;
+    }
+    e[i].x = float(sx * 0.1);
+    e[i].y = float(sy * 0.1);
+  }
+
+  EXPECT_EQ(ReplaySmoothedStroke(canvas, 0, 5, 8, 9, 40, 41), 1);
+  for (int i = 0; i < 9; ++i) {
+    EXPECT_EQ(s[i].x, e[i].x) << i;
+    EXPECT_EQ(s[i].y, e[i].y) << i;
+    EXPECT_EQ(s[i].pressure, e[i].pressure) << i;
+  }
+  std::vector<Dab> expected;
+  int offered = 0;
+  for (int i = 0; i < 8; ++i) {
+    const std::vector<Dab> points = OfferedPoints(e[i].x, e[i].y, e[i + 1].x, e[i + 1].y, false);
+    offered += int(points.size());
+    AcceptSpaced(points, 1.0, i == 0, expected);
+  }
+  EXPECT_EQ(recordedDabs, expected);
+  EXPECT_EQ(dabCount, offered + 8);  // each step of the walker, and each segment
+  const UndoEntry& record = UndoHistory.entries[0];
+  EXPECT_EQ(record.kind, kUndoRect);
+  EXPECT_LE(record.left, 8);
+  EXPECT_GE(record.bottom, 41);
+
+  // A single sample is left as painted.
+  UndoHistory.Reset();
+  EXPECT_EQ(ReplaySmoothedStroke(canvas, 0, 1, 0, 0, 5, 5), 1);
+  EXPECT_EQ(UndoHistory.entries[0].kind, kUndoEmpty);
+}
+
+}  // namespace
+}  // namespace stroketest

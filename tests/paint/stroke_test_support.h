@@ -1,0 +1,141 @@
+// Shared set-up of the stroke tests: a clean seam, pen and history, a
+// canvas made as New makes it, a scripted pointer, and a recorder of the
+// dabs a stroke places. The recorder stands in the gradient source of the
+// Color pen, which PlaceDab asks once per row of every dab it paints; at a
+// dab's first row the position PlaceDab accepted is at hand.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <cstring>
+#include <memory>
+#include <vector>
+
+#include "display/pointer_routing.h"
+#include "display/view_windows.h"
+#include "document/canvas_manager.h"
+#include "document/canvas_request.h"
+#include "document/undo_history.h"
+#include "paint/dab_count.h"
+#include "paint/pen_modes.h"
+#include "paint/pen_record.h"
+#include "paint/place_dab.h"
+#include "paint/stroke_engine.h"
+#include "paint/stroke_outline.h"
+#include "paint/stroke_pressure.h"
+#include "paint/stroke_windows.h"
+#include "paint/tip.h"
+#include "platform/headless/headless.h"
+#include "settings/settings.h"
+
+namespace stroketest {
+
+struct Dab {
+  double x, y;
+  bool operator==(const Dab&) const = default;
+};
+inline std::ostream& operator<<(std::ostream& out, const Dab& d) {
+  return out << "(" << d.x << ", " << d.y << ")";
+}
+
+inline std::vector<Dab> recordedDabs;
+
+// Black source rows; the dab's position is noted at its first row.
+inline void RecordDab(uint8_t* sourceRow, int y, int x0, int x1, int, int boxTop, int, int) {
+  std::memset(sourceRow, 0, size_t(x1 - x0 + 1) * 3);
+  if (y == boxTop) recordedDabs.push_back({PenBlender.lastDabX, PenBlender.lastDabY});
+}
+
+using Keys = std::vector<int>;
+inline const Keys kLeft{platform::VkLeftButton};
+inline const Keys kRight{platform::VkRightButton};
+
+class StrokeTest : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    headless::Reset();
+    std::memset(&settings, 0, sizeof settings);
+    settings.imageBuffer = Physical;
+    settings.workBuffer = Physical;
+    settings.positionSmoothing = 1;
+    settings.undoCount = 5;
+    StrokeEngine.Reset();
+    ResetPen();
+    ResetPenModes();
+    UndoHistory.Reset();
+    pointerRoutes = PointerRoutes{};
+    viewWindows = ViewWindows{};
+    strokeWindows = StrokeWindows{};
+    penOutline = PenOutlineState{};
+    tabletLink = TabletLink{};
+    dabCount = 0;
+    recordedDabs.clear();
+  }
+  void TearDown() override {
+    UndoHistory.Reset();
+    ResetPenModes();
+    ResetPen();
+    for (auto& canvas : canvases) CanvasManager.FreeCanvasPlanes(canvas.get());
+  }
+  Canvas* MakeBlank(int width, int height) {
+    RequestBlankCanvas(width, height, 96);
+    Canvas* canvas = canvases.emplace_back(std::make_unique<Canvas>()).get();
+    EXPECT_EQ(CanvasManager.MakeCanvas(canvas, nullptr), 1);
+    return canvas;
+  }
+  // A round soft tip of the radius, its dabs recorded.
+  static void RecordingPen(double radius) {
+    pen.radiusX = pen.radiusY = radius;
+    BuildTip();
+    pen.colorStyle = 1;
+    gradientRowSource = RecordDab;
+  }
+  // A tip of one full pixel at its top left (the block of radius 0).
+  static void OnePixelPen(uint32_t red, uint32_t green, uint32_t blue) {
+    pen.tipShape = 10;
+    pen.radiusX = pen.radiusY = 0;
+    BuildTip();
+    pen.red = red;
+    pen.green = green;
+    pen.blue = blue;
+  }
+  // The pointer at the press, then one sample per pass of a loop.
+  static void Press(int x, int y, const Keys& keys) { headless::Recorded().pointer = {x, y, keys}; }
+  static void Then(std::vector<headless::PointerSample> samples) { headless::ScriptPointer(samples); }
+
+  std::vector<std::unique_ptr<Canvas>> canvases;
+};
+
+// The walker as it reads: steps of 0.1 along the longer axis from the start
+// towards the end (pulled back by half a pixel on a walk of more than 1.5
+// when the end isn't exact), the other axis in proportion.
+inline std::vector<Dab> OfferedPoints(double x0, double y0, double x1, double y1, bool exactEnd) {
+  const bool yMajor = std::fabs(std::trunc(x0 * 10 - x1 * 10)) <= std::fabs(std::trunc(y0 * 10 - y1 * 10));
+  const double a0 = yMajor ? y0 : x0, b0 = yMajor ? x0 : y0, b1 = yMajor ? x1 : y1;
+  double a1 = yMajor ? y1 : x1;
+  const double dir = a1 < a0 ? -1.0 : 1.0;
+  if (!exactEnd && std::fabs(a1 - a0) > 1.5) a1 -= 0.5 * dir;
+  std::vector<Dab> points;
+  for (double t = a0; dir * (a1 - t) > 0; t += 0.1 * dir) {
+    const double m = (t - a0) * (b1 - b0) / (a1 - a0) + b0;
+    points.push_back(yMajor ? Dab{m, t} : Dab{t, m});
+  }
+  return points;
+}
+
+// Spacing as PlaceDab keeps it while connected: a point nearer than
+// spacing to the last accepted one is refused.
+inline void AcceptSpaced(const std::vector<Dab>& offered, double spacing, bool first,
+                         std::vector<Dab>& accepted) {
+  for (const Dab& p : offered) {
+    if (!first && !accepted.empty()) {
+      const Dab& q = accepted.back();
+      if (std::sqrt((p.x - q.x) * (p.x - q.x) + (p.y - q.y) * (p.y - q.y)) < spacing) continue;
+    }
+    first = false;
+    accepted.push_back(p);
+  }
+}
+
+}  // namespace stroketest
