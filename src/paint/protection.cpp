@@ -45,7 +45,7 @@ void OrRow(uint8_t* dst, const uint8_t* src, int n) {
 
 void ReadProtectionRow(Canvas* canvas, int y, int x0, int x1, uint8_t* out, int layerBase) {
   if (x1 < x0) return;
-  std::memset(out, 0, size_t(x1 - x0 + 1));
+  std::fill_n(out, x1 - x0 + 1, uint8_t{0});
   if (disableMask) return;
   const PlaneSlot* slots = &canvas->planes[layerBase];
   InPieces(x0, x1, out, [&](int a, int b, uint8_t* piece) {
@@ -95,7 +95,7 @@ void ReadOpacityRow(Canvas* canvas, int y, int x0, int x1, uint8_t* out, int lay
 
 void ReadSelectionBytes(Canvas* canvas, int y, int x0, int x1, uint8_t* out) {
   if (x1 < x0) return;
-  std::memset(out, 0, size_t(x1 - x0 + 1));
+  std::fill_n(out, x1 - x0 + 1, uint8_t{0});
   if (canvas->selectionPlane) ReadPlaneSpan(canvas->selectionPlane, y, x0, x1, out);
 }
 
