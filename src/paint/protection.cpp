@@ -1,6 +1,5 @@
 #include "paint/protection.h"
 
-#include <algorithm>
 #include <cstring>
 
 #include "display/mul_table.h"
@@ -45,7 +44,7 @@ void OrRow(uint8_t* dst, const uint8_t* src, int n) {
 
 void ReadProtectionRow(Canvas* canvas, int y, int x0, int x1, uint8_t* out, int layerBase) {
   if (x1 < x0) return;
-  std::fill_n(out, x1 - x0 + 1, uint8_t{0});
+  std::memset(out, 0, static_cast<size_t>(static_cast<unsigned>(x1 - x0)) + 1);
   if (disableMask) return;
   const PlaneSlot* slots = &canvas->planes[layerBase];
   InPieces(x0, x1, out, [&](int a, int b, uint8_t* piece) {
@@ -95,7 +94,7 @@ void ReadOpacityRow(Canvas* canvas, int y, int x0, int x1, uint8_t* out, int lay
 
 void ReadSelectionBytes(Canvas* canvas, int y, int x0, int x1, uint8_t* out) {
   if (x1 < x0) return;
-  std::fill_n(out, x1 - x0 + 1, uint8_t{0});
+  std::memset(out, 0, static_cast<size_t>(static_cast<unsigned>(x1 - x0)) + 1);
   if (canvas->selectionPlane) ReadPlaneSpan(canvas->selectionPlane, y, x0, x1, out);
 }
 
