@@ -1,4 +1,5 @@
 // Commands that change only how a document is shown.
+#include "display/grid_command.h"
 #include "display/set_zoom.h"
 #include "document/canvas_manager.h"
 #include "platform/platform.h"
@@ -68,6 +69,9 @@ int ViewCommand(Canvas* canvas, int id) {
     case cmd::kRuler:
       canvas->rulersOn = !canvas->rulersOn;
       ViewChanged(canvas);
+      return 1;
+    case cmd::kGrid:
+      if (ToggleGrid(canvas)) ViewChanged(canvas);
       return 1;
     case cmd::kZoomIn: SetZoomStep(canvas, canvas->zoomStep + 1); return 1;
     case cmd::kZoomOut: SetZoomStep(canvas, canvas->zoomStep - 1); return 1;

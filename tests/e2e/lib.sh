@@ -125,3 +125,77 @@ wait_documents() {
     sleep 0.2
   done
 }
+
+# Where the first window matching a pattern stands on the screen:
+# "<x> <y> <width> <height>".
+screen_rect() {
+  wine "$PROBE" screen 2>/dev/null | tr -d '\r' | grep -E -m1 -- "$1" |
+    sed -n 's/.* \([0-9]*\)x\([0-9]*\) @\(-\{0,1\}[0-9]*\),\(-\{0,1\}[0-9]*\)$/\3 \4 \1 \2/p'
+}
+view_rect() { screen_rect '^4 CanvWndDispClass#0 '; }
+
+# A screenshot whose pixels `pixel` reads; keep_shot keeps the last one in
+# the output folder.
+SHOT=$(dirname "$DIST")/shot
+shot() {
+  sleep 0.5  # what the last input changed has painted
+  import -window root "$SHOT.png"
+  convert "$SHOT.png" -depth 8 "rgb:$SHOT.rgb"
+  SHOT_WIDTH=$(identify -format %w "$SHOT.png")
+}
+keep_shot() { cp "$SHOT.png" "$OUT/$1.png"; }
+# "<red> <green> <blue>" of the last screenshot at screen x, y.
+pixel() { od -An -tu1 -j $((($2 * SHOT_WIDTH + $1) * 3)) -N3 "$SHOT.rgb" | xargs; }
+expect_pixel() {
+  local got
+  got=$(pixel "$1" "$2")
+  [ "$got" = "$3" ] || fail "pixel $1,$2 is $got, not $3${4:+ ($4)}"
+}
+
+# The view size at a zoom step, by the zoom table: 25 %, 50 %, "75 %"
+# (2/3), 100 %, 150 %, then 200 % .. 1000 % in whole steps.
+zoomed() {
+  local step=$1 v=$2 num den
+  case $step in
+    -3) num=1 den=4 ;;
+    -2) num=1 den=2 ;;
+    -1) num=2 den=3 ;;
+    0) num=1 den=1 ;;
+    1) num=3 den=2 ;;
+    *) num=$step den=1 ;;
+  esac
+  echo $((v * num / den))
+}
+
+# The pointer to the tool bar, off every document: Wine learns where the
+# pointer is from the moves over its own windows, and a zoom keeps the
+# point under the pointer when it stands on the document.
+pointer_off_documents() {
+  read -r px py _ _ <<<"$(screen_rect '^1 ToolBarClass#3 ')"
+  xdotool mousemove $((px + 300)) $((py + 10))
+  sleep 0.3
+}
+
+# A press, moves in steps and a release of the left button along a path of
+# screen points "x,y x,y ..."; the pointer rests at the end a while, so
+# that a loop polling it sees it there before the release.
+drag() {
+  xdotool mousemove "${1%,*}" "${1#*,}" mousedown 1
+  shift
+  local point
+  for point in "$@"; do
+    sleep 0.05
+    xdotool mousemove "${point%,*}" "${point#*,}"
+  done
+  sleep 0.3
+  xdotool mouseup 1
+}
+
+# Where the last screenshot differs from white inside a screen rectangle
+# "<x> <y> <width> <height>": the box around those pixels as
+# "<width>x<height>+<x>+<y>" relative to the rectangle; nothing when all
+# is white.
+not_white_box() {
+  convert "$SHOT.png" -crop "${3}x${4}+${1}+${2}" +repage -fill black +opaque white -negate \
+    -format '%@' info: 2>/dev/null | grep -v '^0x0' || true
+}

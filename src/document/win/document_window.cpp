@@ -2,6 +2,8 @@
 // from WM_CREATE to WM_DESTROY and passes commands and keys to it.
 #include "document/win/document_window.h"
 
+#include "display/view_layout.h"
+#include "display/zoom.h"
 #include "document/canvas_manager.h"
 #include "document/win/document_parts.h"
 #include "platform/win32/win32_platform.h"
@@ -53,17 +55,44 @@ LRESULT Create(HWND window) {
 void Size(HWND window, int width, int height) {
   Canvas* canvas = CanvasOfDocument(window);
   if (!canvas || !canvas->frameWnd) return;
-  MoveWindow(static_cast<HWND>(canvas->frameWnd), canvas->marginX, canvas->marginY,
-             width - 2 * canvas->marginX, height - 2 * canvas->marginY, TRUE);
+  const ViewRect r = FramePlacement(canvas, width, height);
+  MoveWindow(static_cast<HWND>(canvas->frameWnd), r.x, r.y, r.width, r.height, TRUE);
+}
+
+// The pointer's origin and the rulers that portable code addresses by role
+// are those of the active document; none once it has gone.
+void BindActiveView(const Canvas* canvas) {
+  platform::BindWindow(platform::Window::CanvasView,
+                       canvas ? static_cast<HWND>(canvas->displayWnd) : nullptr);
+  platform::BindWindow(platform::Window::HorizontalRuler,
+                       canvas ? static_cast<HWND>(canvas->hRuler) : nullptr);
+  platform::BindWindow(platform::Window::VerticalRuler,
+                       canvas ? static_cast<HWND>(canvas->vRuler) : nullptr);
+}
+
+void Unbind(const Canvas* canvas) {
+  if (platform::BoundWindow(platform::Window::CanvasView) == canvas->displayWnd)
+    BindActiveView(nullptr);
+}
+
+// The zoom read-out follows the active document, and goes with the last.
+void ShowZoomOf(const Canvas* canvas) {
+  if (!viewWindows.showZoom) return;
+  viewWindows.showZoom(canvas ? ZoomReadoutOf(canvas->zoomStep) : ZoomReadout{});
 }
 
 void Activate(HWND window, HWND deactivated, HWND activated) {
   Canvas* canvas = CanvasOfDocument(window);
   if (!canvas) return;
-  if (activated == window)
+  if (activated == window) {
+    BindActiveView(canvas);
+    ShowZoomOf(canvas);
     documentHandlers.activate(canvas, true);
-  else if (deactivated == window)
+  } else if (deactivated == window) {
+    Unbind(canvas);
+    if (!activated) ShowZoomOf(nullptr);
     documentHandlers.activate(canvas, false);
+  }
 }
 
 LRESULT CALLBACK DocumentProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
@@ -90,6 +119,7 @@ LRESULT CALLBACK DocumentProc(HWND window, UINT message, WPARAM wParam, LPARAM l
       break;
     case WM_DESTROY:
       if (Canvas* canvas = CanvasOfDocument(window)) {
+        Unbind(canvas);
         documentHandlers.close(canvas);
         SetCanvasWord(window, nullptr);
       }

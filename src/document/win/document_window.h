@@ -7,6 +7,7 @@
 
 #include <cstdint>
 
+#include "display/view_windows.h"
 #include "document/canvas.h"
 
 // What happens to a document's record lives above this level; the shell
@@ -24,8 +25,8 @@ struct DocumentWindowHandlers {
   void (*command)(Canvas* canvas, int id, intptr_t lParam);
   // WM_KEYDOWN in the document.
   void (*keyDown)(Canvas* canvas, int key, bool shift);
-  // The size of the whole canvas in view pixels at its zoom.
-  SIZE (*zoomedSize)(const Canvas* canvas);
+  // The tool in use, which decides where a press on the view goes.
+  int (*currentTool)();
 };
 
 constexpr wchar_t kDocumentClass[] = L"CanvClass";
@@ -42,3 +43,6 @@ Canvas* CanvasOfDocument(HWND documentWnd);
 // Lays the view frame, the view and the rulers out again for the present
 // zoom and ruler state, and repaints them.
 void RefreshDocumentView(Canvas* canvas);
+
+// One scroll bar of the view frame shows range, page and position.
+void SetViewScrollBar(Canvas* canvas, Axis axis, const ScrollBarState& bar);

@@ -1,62 +1,49 @@
 // The view frame of a document (CanvWndClass) with its scroll bars, and
 // the view (CanvWndDispClass) inside it, as large as the zoomed canvas and
-// moved against the frame to scroll. The view's drawing of the picture
-// belongs to the display; until it paints, the view shows a white sheet.
-#include <algorithm>
-
+// moved against the frame to scroll. Where everything stands, how far a
+// scroll goes, what the view shows and where a press goes are the
+// display's; this side passes the messages on and places the windows.
+#include "display/pointer_routing.h"
+#include "display/view_layout.h"
+#include "display/view_paint.h"
+#include "display/view_scroll.h"
 #include "document/win/document_parts.h"
 
 namespace {
 
 Canvas* CanvasOfFrame(HWND frame) { return CanvasOfDocument(GetParent(frame)); }
 
-// Scroll offsets stay within what the extent leaves beyond the window.
-int ClampScroll(int scroll, int extent, int client) {
-  if (scroll < 0) return 0;
-  return std::min(scroll, std::max(0, extent - client));
+void Place(void* window, const ViewRect& r) {
+  MoveWindow(static_cast<HWND>(window), r.x, r.y, r.width, r.height, TRUE);
 }
 
-void SetBar(HWND frame, int bar, int extent, int client, int position) {
-  SCROLLINFO info{};
-  info.cbSize = sizeof info;
-  info.fMask = SIF_RANGE | SIF_PAGE | SIF_POS;
-  info.nMin = 0;
-  info.nMax = extent - 1;
-  info.nPage = static_cast<UINT>(std::max(client, 0));
-  info.nPos = position;
-  SetScrollInfo(frame, bar, &info, TRUE);
-}
-
-// The frame's size decides the extents, the scroll state, where the view
-// stands (centred while it is smaller than the frame) and the rulers.
 void LayOut(HWND frame, Canvas* canvas, int width, int height) {
-  canvas->clientWidth = width;
-  canvas->clientHeight = height;
-  const SIZE zoomed = documentHandlers.zoomedSize(canvas);
-  canvas->extentX = zoomed.cx + 2 * canvas->marginX;
-  canvas->extentY = zoomed.cy + 2 * canvas->marginY;
-  canvas->scrollX = ClampScroll(canvas->scrollX, canvas->extentX, width);
-  canvas->scrollY = ClampScroll(canvas->scrollY, canvas->extentY, height);
-  SetBar(frame, SB_HORZ, canvas->extentX, width, canvas->scrollX);
-  SetBar(frame, SB_VERT, canvas->extentY, height, canvas->scrollY);
+  const ViewLayout layout = LayOutView(canvas, width, height);
+  if (layout.shiftX || layout.shiftY)
+    ScrollWindowEx(frame, layout.shiftX, layout.shiftY, nullptr, nullptr, nullptr, nullptr,
+                   SW_SCROLLCHILDREN | SW_INVALIDATE | SW_ERASE);
+  SetViewScrollBar(canvas, Axis::Horizontal, layout.horizontal);
+  SetViewScrollBar(canvas, Axis::Vertical, layout.vertical);
   // A bar that came or went changed the client size, and the WM_SIZE it
   // caused has laid everything out for the new size already.
   RECT client;
   GetClientRect(frame, &client);
   if (client.right != width || client.bottom != height) return;
-  int x = canvas->marginX;
-  int y = canvas->marginY;
-  if (width > canvas->extentX) x += (width - canvas->extentX) / 2;
-  if (height > canvas->extentY) y += (height - canvas->extentY) / 2;
-  MoveWindow(static_cast<HWND>(canvas->displayWnd), x - canvas->scrollX, y - canvas->scrollY,
-             zoomed.cx, zoomed.cy, TRUE);
-  auto hRuler = static_cast<HWND>(canvas->hRuler);
-  auto vRuler = static_cast<HWND>(canvas->vRuler);
-  MoveWindow(hRuler, x + canvas->marginX, 0, zoomed.cx, canvas->marginY - 1, TRUE);
-  MoveWindow(vRuler, 0, canvas->marginY + y, canvas->marginX - 1, zoomed.cy, TRUE);
+  Place(canvas->displayWnd, layout.display);
+  Place(canvas->hRuler, layout.hRuler);
+  Place(canvas->vRuler, layout.vRuler);
   const int show = canvas->rulersOn ? SW_SHOWNA : SW_HIDE;
-  ShowWindow(hRuler, show);
-  ShowWindow(vRuler, show);
+  ShowWindow(static_cast<HWND>(canvas->hRuler), show);
+  ShowWindow(static_cast<HWND>(canvas->vRuler), show);
+}
+
+// The thumb requests carry a 16-bit position; the bar keeps all 32 bits.
+void Scroll(HWND frame, Canvas* canvas, Axis axis, int request) {
+  SCROLLINFO info{};
+  info.cbSize = sizeof info;
+  info.fMask = SIF_TRACKPOS;
+  GetScrollInfo(frame, axis == Axis::Horizontal ? SB_HORZ : SB_VERT, &info);
+  ScrollView(canvas, axis, request, info.nTrackPos);
 }
 
 LRESULT CALLBACK ViewFrameProc(HWND frame, UINT message, WPARAM wParam, LPARAM lParam) {
@@ -72,8 +59,53 @@ LRESULT CALLBACK ViewFrameProc(HWND frame, UINT message, WPARAM wParam, LPARAM l
       if (Canvas* canvas = CanvasOfFrame(frame); canvas && canvas->displayWnd)
         LayOut(frame, canvas, LOWORD(lParam), HIWORD(lParam));
       return 0;
+    case WM_HSCROLL:
+    case WM_VSCROLL:
+      if (Canvas* canvas = CanvasOfFrame(frame))
+        Scroll(frame, canvas, message == WM_HSCROLL ? Axis::Horizontal : Axis::Vertical,
+               LOWORD(wParam));
+      return 0;
   }
   return DefWindowProcW(frame, message, wParam, lParam);
+}
+
+// The keys held at a press, as the routing asks for them.
+PointerPress PressOf(WPARAM keys) {
+  return {documentHandlers.currentTool(), (keys & MK_SHIFT) != 0, (keys & MK_CONTROL) != 0,
+          GetKeyState(VK_SPACE) < 0};
+}
+
+// The update region is taken and validated first; the tiles and overlays
+// then draw on the window directly.
+void Paint(HWND view, Canvas* canvas) {
+  PAINTSTRUCT ps;
+  BeginPaint(view, &ps);
+  EndPaint(view, &ps);
+  const RECT& r = ps.rcPaint;
+  PaintView(canvas, r.left, r.top, r.right, r.bottom);
+}
+
+LRESULT CALLBACK ViewProc(HWND view, UINT message, WPARAM wParam, LPARAM lParam) {
+  Canvas* canvas = CanvasOfFrame(GetParent(view));
+  if (!canvas) return DefWindowProcW(view, message, wParam, lParam);
+  switch (message) {
+    case WM_PAINT:
+      Paint(view, canvas);
+      return 0;
+    case WM_LBUTTONDOWN:
+      LeftButtonDown(canvas, PressOf(wParam));
+      return 0;
+    case WM_RBUTTONDOWN:
+      RightButtonDown(canvas, PressOf(wParam));
+      return 0;
+    case WM_MBUTTONDOWN:
+      MiddleButtonDown(canvas);
+      return 0;
+    case WM_MOUSEMOVE:
+      PointerMoved(canvas);
+      return 0;
+  }
+  return DefWindowProcW(view, message, wParam, lParam);
 }
 
 bool Register(HINSTANCE instance, const wchar_t* name, WNDPROC proc, HBRUSH background) {
@@ -89,11 +121,23 @@ bool Register(HINSTANCE instance, const wchar_t* name, WNDPROC proc, HBRUSH back
 
 }  // namespace
 
+// The view has no background: every pixel of it is a tile of the picture.
 bool RegisterViewClasses(HINSTANCE instance) {
   return Register(instance, kViewFrameClass, ViewFrameProc,
                   reinterpret_cast<HBRUSH>(COLOR_APPWORKSPACE + 1)) &&
-         Register(instance, kViewClass, DefWindowProcW,
-                  static_cast<HBRUSH>(GetStockObject(WHITE_BRUSH)));
+         Register(instance, kViewClass, ViewProc, nullptr);
+}
+
+void SetViewScrollBar(Canvas* canvas, Axis axis, const ScrollBarState& bar) {
+  SCROLLINFO info{};
+  info.cbSize = sizeof info;
+  info.fMask = SIF_RANGE | SIF_PAGE | SIF_POS;
+  info.nMin = 0;
+  info.nMax = bar.max;
+  info.nPage = static_cast<UINT>(bar.page > 0 ? bar.page : 0);
+  info.nPos = bar.position;
+  SetScrollInfo(static_cast<HWND>(canvas->frameWnd), axis == Axis::Horizontal ? SB_HORZ : SB_VERT,
+                &info, TRUE);
 }
 
 void RefreshDocumentView(Canvas* canvas) {

@@ -5,12 +5,19 @@
 #include <string>
 #include <vector>
 
+#include "display/win/view_windows_win.h"
+#include "paint/color_mask.h"
+#include "paint/pen_record.h"
+#include "paint/stroke_routes.h"
+#include "paint/tip.h"
+#include "paint/win/stroke_windows_win.h"
 #include "platform/win32/win32_platform.h"
 #include "resources/strings.h"
 #include "settings/settings.h"
 #include "shell/undo_commands.h"
 #include "shell/command_ids.h"
 #include "shell/frame_layout.h"
+#include "shell/tool_change.h"
 #include "shell/win/dialogs.h"
 #include "shell/win/frame_menus.h"
 #include "shell/win/frame_window.h"
@@ -67,6 +74,14 @@ bool OnFrameCreate(HWND frame, const CREATESTRUCTW* create) {
   if (!CreateMdiClient(frame) || !CreateSideWindows(frame)) return false;
   BindWindows();
   ConnectShellWindows();
+  InstallViewWindows();
+  InstallStrokeEngine();
+  InstallStrokeWindows();
+  toolStateHooks.Add([] { penTool = currentTool; });  // the paint level's copy of the tool
+  // The pen starts in its first-run state until the saved tool state
+  // comes back with the settings.
+  ResetPen();
+  BuildTip();
   InstallUndoHistory();
   RegisterFrameDialogs();
   DragAcceptFiles(frame, TRUE);

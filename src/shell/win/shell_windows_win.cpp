@@ -11,6 +11,7 @@
 #include "shell/input_rules.h"
 #include "shell/menu_state.h"
 #include "shell/shell_windows.h"
+#include "shell/tool_change.h"
 #include "shell/win/dialogs.h"
 #include "shell/win/frame_menus.h"
 #include "shell/win/shell_globals.h"
@@ -82,11 +83,6 @@ void ActivateDocumentWindow(Canvas* canvas, bool active) {
   if (active) SetMainMenu(MainMenuFor(OpenDocumentCount()));
 }
 
-SIZE ZoomedSize(const Canvas* canvas) {
-  const WindowSize size = ZoomedCanvasSize(canvas);
-  return {size.width, size.height};
-}
-
 }  // namespace
 
 void ConnectShellWindows() {
@@ -126,6 +122,6 @@ bool RegisterDocumentWindows() {
   handlers.activate = ActivateDocumentWindow;
   handlers.command = [](Canvas* canvas, int id, intptr_t lParam) { CanvasCommand(canvas, id, lParam); };
   handlers.keyDown = DocumentKeyDown;
-  handlers.zoomedSize = ZoomedSize;
+  handlers.currentTool = [] { return currentTool; };
   return RegisterDocumentClasses(instance, handlers);
 }

@@ -2,10 +2,11 @@
 // visible top-level window of the program (the frame, dialogs, message
 // boxes) and the windows inside it, one a line:
 //   <depth> <class>#<control id> "<text>" <width>x<height> @<x>,<y>
-// with the place relative to the parent's client area. Run under Wine in
-// the same prefix as the program. The frame's MDI children are no windows
-// of the X server, so this is how a test reads their titles, sizes and
-// places, and the fields of a dialog.
+// with the place relative to the parent's client area, or with the
+// argument "screen" the place on the screen, where a screenshot shows it.
+// Run under Wine in the same prefix as the program. The frame's MDI
+// children are no windows of the X server, so this is how a test reads
+// their titles, sizes and places, and the fields of a dialog.
 #include <windows.h>
 
 #include <cstdio>
@@ -22,6 +23,8 @@ std::string Utf8(const wchar_t* text) {
 
 constexpr UINT kAnswerWithin = 2000;  // milliseconds
 
+bool onScreen = false;
+
 void Print(HWND window, int depth) {
   wchar_t name[128] = {};
   wchar_t text[512] = {};
@@ -34,7 +37,7 @@ void Print(HWND window, int depth) {
   GetWindowRect(window, &r);
   POINT at{r.left, r.top};
   const bool child = GetWindowLongW(window, GWL_STYLE) & WS_CHILD;
-  if (child) ScreenToClient(GetParent(window), &at);
+  if (child && !onScreen) ScreenToClient(GetParent(window), &at);
   std::printf("%d %s#%d \"%s\" %ldx%ld @%ld,%ld\n", depth, Utf8(name).c_str(),
               child ? GetDlgCtrlID(window) : 0, Utf8(text).c_str(), r.right - r.left,
               r.bottom - r.top, at.x, at.y);
@@ -61,7 +64,8 @@ BOOL CALLBACK TopLevel(HWND window, LPARAM) {
 
 }  // namespace
 
-int main() {
+int main(int argc, char** argv) {
+  onScreen = argc > 1 && std::string(argv[1]) == "screen";
   EnumWindows(TopLevel, 0);
   std::fflush(stdout);
   return 0;

@@ -1,0 +1,61 @@
+#include "display/win/view_drawing.h"
+
+#include <windows.h>
+
+namespace {
+
+// The drawing goes straight to the window, outside WM_PAINT.
+class ViewDc {
+ public:
+  explicit ViewDc(const Canvas* canvas)
+      : window_(static_cast<HWND>(canvas->displayWnd)), dc_(GetDC(window_)) {}
+  ~ViewDc() {
+    if (dc_) ReleaseDC(window_, dc_);
+  }
+  ViewDc(const ViewDc&) = delete;
+  ViewDc& operator=(const ViewDc&) = delete;
+  HDC get() const { return dc_; }
+
+ private:
+  HWND window_;
+  HDC dc_;
+};
+
+}  // namespace
+
+void DrawViewTile(Canvas* canvas, const DibTile* tile, int x, int y) {
+  ViewDc dc(canvas);
+  if (!dc.get()) return;
+  SetDIBitsToDevice(dc.get(), x, y, tile->width, tile->height, 0, 0, 0, tile->height,
+                    tile->dib + tile->pixelOffset, reinterpret_cast<const BITMAPINFO*>(tile->dib),
+                    DIB_RGB_COLORS);
+}
+
+// Lines are vertical or horizontal with both ends drawn; LineTo leaves out
+// its last point, so it goes one pixel further.
+void DrawGridLine(Canvas* canvas, const GridLine& line, uint32_t red, uint32_t green,
+                  uint32_t blue, int invert, const ViewRect& clip) {
+  ViewDc dc(canvas);
+  if (!dc.get()) return;
+  HPEN pen = CreatePen(PS_SOLID, 1, RGB(red, green, blue));
+  if (!pen) return;
+  IntersectClipRect(dc.get(), clip.x, clip.y, clip.x + clip.width, clip.y + clip.height);
+  SetROP2(dc.get(), invert ? R2_NOTXORPEN : R2_COPYPEN);
+  HGDIOBJ old = SelectObject(dc.get(), pen);
+  MoveToEx(dc.get(), line.x0, line.y0, nullptr);
+  if (line.x0 == line.x1)
+    LineTo(dc.get(), line.x1, line.y1 + 1);
+  else
+    LineTo(dc.get(), line.x1 + 1, line.y1);
+  SelectObject(dc.get(), old);
+  DeleteObject(pen);
+}
+
+void InvertViewBox(Canvas* canvas, const ViewRect& box) {
+  ViewDc dc(canvas);
+  if (!dc.get()) return;
+  SetROP2(dc.get(), R2_NOT);
+  HGDIOBJ old = SelectObject(dc.get(), GetStockObject(NULL_BRUSH));
+  Rectangle(dc.get(), box.x, box.y, box.x + box.width, box.y + box.height);
+  SelectObject(dc.get(), old);
+}

@@ -1,0 +1,15 @@
+// What the view draws on displayWnd: composed tiles copied as they are,
+// and the lines and frames of overlays, drawn by inversion so that a
+// second drawing takes them off.
+#pragma once
+
+#include <cstdint>
+
+#include "display/view_windows.h"
+#include "document/canvas.h"
+#include "store/dib.h"
+
+void DrawViewTile(Canvas* canvas, const DibTile* tile, int x, int y);
+void DrawGridLine(Canvas* canvas, const GridLine& line, uint32_t red, uint32_t green,
+                  uint32_t blue, int invert, const ViewRect& clip);
+void InvertViewBox(Canvas* canvas, const ViewRect& box);

@@ -1,0 +1,83 @@
+#include "paint/win/stroke_windows_win.h"
+
+#include <windows.h>
+
+#include "paint/stroke_windows.h"
+#include "platform/win32/win32_platform.h"
+
+namespace {
+
+// A drawing by inversion, outside WM_PAINT: drawn twice, it is gone.
+class InvertingDc {
+ public:
+  explicit InvertingDc(HWND window) : window_(window), dc_(GetDC(window)) {
+    if (!dc_) return;
+    SetROP2(dc_, R2_NOT);
+    oldBrush_ = SelectObject(dc_, GetStockObject(NULL_BRUSH));
+  }
+  ~InvertingDc() {
+    if (!dc_) return;
+    SelectObject(dc_, oldBrush_);
+    ReleaseDC(window_, dc_);
+  }
+  InvertingDc(const InvertingDc&) = delete;
+  InvertingDc& operator=(const InvertingDc&) = delete;
+  HDC get() const { return dc_; }
+
+ private:
+  HWND window_;
+  HDC dc_;
+  HGDIOBJ oldBrush_ = nullptr;
+};
+
+// From the first point up to the last, which is left out.
+void Line(HDC dc, int x0, int y0, int x1, int y1) {
+  MoveToEx(dc, x0, y0, nullptr);
+  LineTo(dc, x1, y1);
+}
+
+void InvertScreenLine(int x0, int y0, int x1, int y1) {
+  InvertingDc dc(nullptr);
+  if (dc.get()) Line(dc.get(), x0, y0, x1, y1);
+}
+
+void DrawPenOutline(WindowHandle view, const PenOutline& outline) {
+  InvertingDc dc(static_cast<HWND>(view));
+  if (!dc.get()) return;
+  if (outline.ellipse)
+    Ellipse(dc.get(), outline.left, outline.top, outline.right, outline.bottom);
+  else
+    Rectangle(dc.get(), outline.left, outline.top, outline.right, outline.bottom);
+  if (!outline.cross) return;
+  const int x = outline.crossX, y = outline.crossY;
+  Line(dc.get(), x - kCloneCrossArm, y, x + kCloneCrossArm + 1, y);
+  // The vertical arm leaves out the middle, which the horizontal one
+  // inverted already.
+  Line(dc.get(), x, y - kCloneCrossArm, x, y);
+  Line(dc.get(), x, y + 1, x, y + kCloneCrossArm + 1);
+}
+
+// The program's own cursor where it has one, the system's cross else.
+void Cursor(const char* name) {
+  HCURSOR cursor = LoadCursor(nullptr, IDC_ARROW);
+  if (name) {
+    cursor = LoadCursorW(GetModuleHandleW(nullptr), platform::Widen(name).c_str());
+    if (!cursor) cursor = LoadCursor(nullptr, IDC_CROSS);
+  }
+  SetCursor(cursor);
+}
+
+// The pen's colour shows on the control panel's pages.
+void ColourChanged() {
+  if (HWND panel = platform::BoundWindow(platform::Window::ControlPanel))
+    RedrawWindow(panel, nullptr, nullptr, RDW_INVALIDATE | RDW_ALLCHILDREN);
+}
+
+}  // namespace
+
+void InstallStrokeWindows() {
+  strokeWindows.cursor = Cursor;
+  strokeWindows.colourChanged = ColourChanged;
+  strokeWindows.invertScreenLine = InvertScreenLine;
+  strokeWindows.drawPenOutline = DrawPenOutline;
+}
