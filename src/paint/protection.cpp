@@ -1,5 +1,6 @@
 #include "paint/protection.h"
 
+#include <algorithm>
 #include <cstring>
 
 #include "display/mul_table.h"
