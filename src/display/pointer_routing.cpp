@@ -107,3 +107,7 @@ void PointerMoved(Canvas* canvas) {
   ShowPosition(canvas, at.x, at.y);
   if (pointerRoutes.toolPointer) pointerRoutes.toolPointer(canvas, at);
 }
+
+void PointerLeft(Canvas* canvas) {
+  if (pointerRoutes.pointerLeft) pointerRoutes.pointerLeft(canvas);
+}

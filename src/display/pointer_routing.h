@@ -59,6 +59,8 @@ struct PointerRoutes {
 
   // The tool's drawing at the pointer on each move (outline or cursor).
   std::function<void(Canvas*, const CanvasPoint& at)> toolPointer;
+  // The pointer left the view: what follows it (the pen's outline) goes.
+  std::function<void(Canvas*)> pointerLeft;
 
   // The layer commands a right press on a layer leads to.
   std::function<int(Canvas*, int layer)> layerPartsMenu;  // tsLayPartsMenu2: item, 0 for none
@@ -73,3 +75,4 @@ void RightButtonDown(Canvas* canvas, const PointerPress& press);
 // Hand scroll, held by the middle button.
 void MiddleButtonDown(Canvas* canvas);
 void PointerMoved(Canvas* canvas);
+void PointerLeft(Canvas* canvas);

@@ -9,6 +9,7 @@
 #include "paint/stroke_clone_source.h"
 #include "paint/stroke_dropper.h"
 #include "paint/stroke_engine.h"
+#include "paint/stroke_outline.h"
 #include "paint/stroke_loops.h"
 #include "paint/stroke_outline.h"
 #include "paint/stroke_snapshot.h"
@@ -44,6 +45,7 @@ void InstallStrokeEngine() {
     return Stroke(canvas, connecting, 1);
   };
   pointerRoutes.colourPicker = RunDropper;
+  pointerRoutes.pointerLeft = [](Canvas*) { HidePenOutline(); };
   pointerRoutes.toolPointer = [](Canvas* canvas, const CanvasPoint& at) {
     if (OnPenTool() && StrokeEngine.showOutline)
       MovePenOutline(canvas, at.x, at.y);

@@ -2,6 +2,8 @@
 
 #include <cstring>
 
+#include "settings/pen_tool_state.h"
+
 namespace {
 
 // A word of two 16-bit halves: low half first.
@@ -19,6 +21,7 @@ void DefaultSettings(Settings& record) {
   record.ctrlPanelOn = 1;
   record.ditherOn = 1;
   record.displayPosition = 1;
+  WritePenToolState(record, kDefaultPenToolState);
 
   record.selectionHistorySize = 20;
   record.defaultDisplay = 1;  // a new layer shows the composition

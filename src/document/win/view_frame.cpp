@@ -101,8 +101,15 @@ LRESULT CALLBACK ViewProc(HWND view, UINT message, WPARAM wParam, LPARAM lParam)
     case WM_MBUTTONDOWN:
       MiddleButtonDown(canvas);
       return 0;
-    case WM_MOUSEMOVE:
+    case WM_MOUSEMOVE: {
+      // Ask for WM_MOUSELEAVE, so what follows the pointer can go with it.
+      TRACKMOUSEEVENT track{sizeof track, TME_LEAVE, view, 0};
+      TrackMouseEvent(&track);
       PointerMoved(canvas);
+      return 0;
+    }
+    case WM_MOUSELEAVE:
+      PointerLeft(canvas);
       return 0;
   }
   return DefWindowProcW(view, message, wParam, lParam);

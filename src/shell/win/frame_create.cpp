@@ -7,7 +7,7 @@
 
 #include "display/win/view_windows_win.h"
 #include "paint/color_mask.h"
-#include "paint/pen_record.h"
+#include "paint/pen_state.h"
 #include "paint/stroke_routes.h"
 #include "paint/tip.h"
 #include "paint/win/stroke_windows_win.h"
@@ -78,9 +78,8 @@ bool OnFrameCreate(HWND frame, const CREATESTRUCTW* create) {
   InstallStrokeEngine();
   InstallStrokeWindows();
   toolStateHooks.Add([] { penTool = currentTool; });  // the paint level's copy of the tool
-  // The pen starts in its first-run state until the saved tool state
-  // comes back with the settings.
-  ResetPen();
+  // The settings are read by now: the pen of the last run comes back.
+  LoadPenState();
   BuildTip();
   InstallUndoHistory();
   RegisterFrameDialogs();

@@ -2,6 +2,7 @@
 // the portable shell.
 #include "shell/win/frame_window.h"
 
+#include "paint/pen_state.h"
 #include "platform/win32/win32_platform.h"
 #include "shell/command_routing.h"
 #include "shell/documents.h"
@@ -32,9 +33,12 @@ FramePlacementRecord Placement(HWND frame) {
   return {IsZoomed(frame) ? 1 : 0, r.left, r.top, r.right - r.left, r.bottom - r.top};
 }
 
-// Settings are saved first; a document that refuses to close keeps the
-// frame open.
-bool MayClose(HWND frame) { return FrameClosing(Placement(frame), startFolder) != 0; }
+// Settings, the pen among them, are saved first; a document that refuses
+// to close keeps the frame open.
+bool MayClose(HWND frame) {
+  StorePenState();
+  return FrameClosing(Placement(frame), startFolder) != 0;
+}
 
 void DeleteTemporaryFiles() {
   const std::wstring folder = platform::Widen(tempFolder);
