@@ -20,31 +20,28 @@ std::vector<uint8_t> WholeRow(Plane* plane, int y) {
 }
 
 unsigned Value8(Plane* plane, int x, int y) { return WholeRow(plane, y)[x]; }
-
 Colour Value24(Plane* plane, int x, int y) {
   std::vector<uint8_t> row = WholeRow(plane, y);
   return {{row[3 * x], row[3 * x + 1], row[3 * x + 2]}};
 }
 
 bool Inside(const PlaneSlot& slot, int x, int y) {
-  return x >= slot.left && x < slot.left + slot.width && y >= slot.top && y < slot.top + slot.height;
+  return x >= slot.left && x < slot.left + slot.width && y >= slot.top &&
+         y < slot.top + slot.height;
 }
 
 Colour Background() {
-  return {{static_cast<unsigned>(settings.backgroundBlue),
-           static_cast<unsigned>(settings.backgroundGreen),
-           static_cast<unsigned>(settings.backgroundRed)}};
+  return {{unsigned(settings.backgroundBlue), unsigned(settings.backgroundGreen),
+           unsigned(settings.backgroundRed)}};
 }
 
 Colour ViaHsv(Colour s, Colour d, bool hueFromSource) {
   int sh, ss, sv, dh, ds, dv, r, g, b;
   RgbToHsv(s.c[2], s.c[1], s.c[0], &sh, &ss, &sv, true);
   RgbToHsv(d.c[2], d.c[1], d.c[0], &dh, &ds, &dv, true);
-  if (hueFromSource)
-    HsvToRgb(sh, ss, dv, &r, &g, &b, true);
-  else
-    HsvToRgb(dh, ds, sv, &r, &g, &b, true);
-  return {{static_cast<unsigned>(b), static_cast<unsigned>(g), static_cast<unsigned>(r)}};
+  HsvToRgb(hueFromSource ? sh : dh, hueFromSource ? ss : ds, hueFromSource ? dv : sv, &r, &g, &b,
+           true);
+  return {{unsigned(b), unsigned(g), unsigned(r)}};
 }
 
 unsigned OverlayChannel(int d, int s) {
@@ -175,8 +172,7 @@ unsigned Blend(unsigned d, unsigned s, unsigned a) { return Mul(d, 255 - a) + Mu
 
 void RgbToHsv(int r, int g, int b, int* h, int* s, int* v, bool scaled) {
   *v = std::max({r, g, b});
-  *h = 0;
-  *s = 0;
+  *h = *s = 0;
   if (*v != 0) {
     int n = std::min({r, g, b});
     *s = (*v - n) * 255 / *v;
@@ -207,9 +203,7 @@ void HsvToRgb(int h, int s, int v, int* r, int* g, int* b, bool scaled) {
   int q = (255 - f * s / 255) * v / 255;
   int t = (255 - (255 - f) * s / 255) * v / 255;
   const int triples[6][3] = {{v, t, p}, {q, v, p}, {p, v, t}, {p, q, v}, {t, p, v}, {v, p, q}};
-  *r = triples[i][0];
-  *g = triples[i][1];
-  *b = triples[i][2];
+  *r = triples[i][0], *g = triples[i][1], *b = triples[i][2];
 }
 
 unsigned Coverage(const Canvas& canvas, int layer, int x, int y) {

@@ -116,11 +116,11 @@ TEST_F(Redraw, DitherOfAFlatColour) {
     for (int x = 0; x < 16; ++x) SetTilePixel(tile, x, y, {100, 255, 7});
   DitherTile(tile, 5, 2);                                // the tile's top left is view (5, 2)
   EXPECT_EQ(TilePixel(tile, 0, 0), (Rgb{106, 255, 8}));  // row 2 AA, bit 5
+  // AA bits 6, 0; DD bits 5, 7; AA bit 6.
   std::vector<int> blues;
   for (auto [x, y] : {std::pair{1, 0}, {3, 0}, {0, 1}, {2, 1}, {1, 2}})
     blues.push_back(TilePixel(tile, x, y)[0]);
-  EXPECT_EQ(blues,
-            (std::vector<int>{98, 98, 98, 106, 98}));  // AA bits 6, 0; DD bits 5, 7; AA bit 6
+  EXPECT_EQ(blues, (std::vector<int>{98, 98, 98, 106, 98}));
   int up = 0;
   for (int y = 3; y < 11; ++y)
     for (int x = 3; x < 11; ++x) up += TilePixel(tile, x, y)[0] == 106;
@@ -154,7 +154,7 @@ TEST_F(Redraw, GridLinesAndSnap) {
   };
   canvas->zoomStep = 0;
   canvas->gridSnap = 1;
-  EXPECT_EQ(snapX(7, 0), 7);
+  EXPECT_EQ(snapX(7, 0), 7);  // off without the grid
   canvas->gridOn = 1;
   EXPECT_EQ((std::vector<int>{snapX(7, 0), snapX(8, 0), snapX(23, 0), snapX(24, 5), snapX(24, 21),
                               snapX(-10, 0)}),

@@ -44,7 +44,7 @@ void FillPattern(Canvas* canvas, int layer) {
     }
 }
 
-TEST_F(SmoothZoom, ListRowsAreSortedWhileTheIndexPicksTheFactor) {
+TEST_F(SmoothZoom, ListRowsTheChoiceAndARefusedEntry) {
   EXPECT_EQ(SmoothZoomListRows(), (std::vector<std::string>{"x16", "x2", "x32", "x4", "x8"}));
   for (int row = 0; row < 5; ++row) EXPECT_EQ(SmoothZoomFactorOfRow(row), 2 << row);
 
@@ -69,6 +69,14 @@ TEST_F(SmoothZoom, ListRowsAreSortedWhileTheIndexPicksTheFactor) {
   EXPECT_EQ(headless::Recorded().boxes.back().text, StringText(1402));
   EXPECT_EQ(LeaveSmoothZoom(canvas), 1);
   EXPECT_EQ(RefusedInSmoothZoom(canvas, kStringNotInSmoothZoom), 0);
+
+  // A plane that can't be parked leaves the canvas alone.
+  Plane* before = canvas->planes[0].plane;
+  smoothZoomFolder = folder / "missing/";
+  EXPECT_EQ(EnterSmoothZoom(canvas, 0, 0, 2, 1), 0);
+  EXPECT_EQ(headless::Recorded().boxes.back().text, StringText(1301));
+  EXPECT_EQ(std::tie(canvas->planes[0].plane, canvas->planes[0].width, canvas->smoothZoom),
+            std::make_tuple(before, 100, 0));
 }
 
 TEST_F(SmoothZoom, PlanesGoThroughTheirFilesAndComeBackWithTheChange) {
@@ -111,16 +119,6 @@ TEST_F(SmoothZoom, PlanesGoThroughTheirFilesAndComeBackWithTheChange) {
     }
   EXPECT_EQ(wrong, 0);
   EXPECT_EQ(headless::MessagesTo(platform::Window::StatusBar, 1024).back().wParam, 0);
-}
-
-TEST_F(SmoothZoom, APlaneThatCantBeParkedLeavesTheCanvasAlone) {
-  Canvas* canvas = MakeBlank(32, 32);
-  Plane* before = canvas->planes[0].plane;
-  smoothZoomFolder = folder / "missing/";
-  EXPECT_EQ(EnterSmoothZoom(canvas, 0, 0, 2, 1), 0);
-  EXPECT_EQ(headless::Recorded().boxes.back().text, StringText(1301));
-  EXPECT_EQ(std::tie(canvas->planes[0].plane, canvas->planes[0].width, canvas->smoothZoom),
-            std::make_tuple(before, 32, 0));
 }
 
 }  // namespace

@@ -15,36 +15,16 @@ class ColorModeTest : public KernelTest {
     MakeLayer();
     pen.red = 10, pen.green = 20, pen.blue = 30;
   }
-  // The mask's protection of row y, columns x0..x1 (zero off the plane).
+  // The mask's protection of a canvas pixel (zero off the plane).
   uint8_t MaskAt(int x, int y) {
     return x >= 0 && x < kWidth && y >= 0 && y < kHeight ? Snap(mask).at(x, y) : 0;
   }
 };
 
 // A tone that lets through 16 x column of a row, as a filter would cut it.
+uint8_t Stripe(int x) { return uint8_t(std::min(255, 16 * std::max(0, x))); }
 void StripeTone(int, int x0, int x1, int, int, int, int, uint8_t* row, int init) {
-  for (int x = x0; x <= x1; ++x) {
-    uint8_t cut = uint8_t(std::min(255, 16 * std::max(0, x)));
-    row[x - x0] = init ? cut : std::min(row[x - x0], cut);
-  }
-}
-
-TEST_F(ColorModeTest, FlatColourIsCutByToneAndMask) {
-  for (bool tone : {false, true}) {
-    toneRowFilter = tone ? StripeTone : nullptr;
-    KernelRows rows = Fetch(4, -2, 13, -2, 0, 13, 11);
-    EXPECT_EQ(0, rows.kind);
-    for (int i = 0; i < 16; ++i) {
-      const int x = i - 2;
-      EXPECT_EQ(30, rows.source[3 * i]);
-      EXPECT_EQ(20, rows.source[3 * i + 1]);
-      EXPECT_EQ(10, rows.source[3 * i + 2]);
-      uint8_t coverage = tone ? uint8_t(std::min(255, 16 * std::max(0, x))) : 255;
-      EXPECT_EQ(uint8_t(255 - coverage) | MaskAt(x, 4), rows.protect[i])
-          << "tone " << tone << " x " << x;
-      EXPECT_EQ(kSentinel, rows.opacity[i]);
-    }
-  }
+  for (int x = x0; x <= x1; ++x) row[x - x0] = init ? Stripe(x) : std::min(row[x - x0], Stripe(x));
 }
 
 void Diagonal(uint8_t* row, int y, int x0, int x1, int left, int top, int right, int bottom) {
@@ -54,17 +34,30 @@ void Diagonal(uint8_t* row, int y, int x0, int x1, int left, int top, int right,
   }
 }
 
-TEST_F(ColorModeTest, GradientComesFromItsSourceOrPaintsNothing) {
+TEST_F(ColorModeTest, FlatColourAndGradientAreCutByToneAndMask) {
+  for (bool tone : {false, true}) {
+    toneRowFilter = tone ? StripeTone : nullptr;
+    KernelRows rows = Fetch(4, -2, 13, -2, 0, 13, 11);
+    EXPECT_EQ(0, rows.kind);
+    for (int i = 0; i < 16; ++i) {
+      const int x = i - 2;
+      EXPECT_EQ((std::vector<uint8_t>{30, 20, 10}),
+                std::vector<uint8_t>(&rows.source[3 * i], &rows.source[3 * i + 3]));
+      EXPECT_EQ(uint8_t(255 - (tone ? Stripe(x) : 255)) | MaskAt(x, 4), rows.protect[i])
+          << tone << " x " << x;
+      EXPECT_EQ(kSentinel, rows.opacity[i]);
+    }
+  }
+  // A gradient comes from its source, or paints nothing without one.
+  toneRowFilter = nullptr;
   pen.colorStyle = 1;
-  KernelRows none = Fetch(2, 1, 6, 1, 1, 6, 5);
-  EXPECT_EQ(std::vector<uint8_t>(6, 255), none.protect);
+  EXPECT_EQ(std::vector<uint8_t>(6, 255), Fetch(2, 1, 6, 1, 1, 6, 5).protect);
   gradientRowSource = Diagonal;
   KernelRows rows = Fetch(2, 1, 6, 1, 1, 6, 5);
   EXPECT_EQ(0, rows.kind);
   for (int i = 0; i < 6; ++i) {
-    EXPECT_EQ(i, rows.source[3 * i]);
-    EXPECT_EQ(1, rows.source[3 * i + 1]);
-    EXPECT_EQ(11, rows.source[3 * i + 2]);
+    EXPECT_EQ((std::vector<uint8_t>{uint8_t(i), 1, 11}),
+              std::vector<uint8_t>(&rows.source[3 * i], &rows.source[3 * i + 3]));
     EXPECT_EQ(MaskAt(1 + i, 2), rows.protect[i]);
   }
 }
@@ -76,8 +69,8 @@ TEST_F(ColorModeTest, PatternIsAnchoredToTheCanvasOrMovesAsATip) {
   Image picture{5, 3, 3, std::vector<uint8_t>(45)}, alphaBytes{5, 3, 1, std::vector<uint8_t>(15)};
   for (int py = 0; py < 3; ++py)
     for (int px = 0; px < 5; ++px) {
-      picture.at(px, py, 0) = uint8_t(px), picture.at(px, py, 1) = uint8_t(py);
-      picture.at(px, py, 2) = 7;
+      picture.at(px, py, 0) = uint8_t(px), picture.at(px, py, 1) = uint8_t(py),
+                         picture.at(px, py, 2) = 7;
       alphaBytes.at(px, py) = uint8_t(40 * px + py);
     }
   Put(pen.patternImage, picture);
@@ -90,23 +83,23 @@ TEST_F(ColorModeTest, PatternIsAnchoredToTheCanvasOrMovesAsATip) {
     KernelRows rows = Fetch(y, x0, x1, x0, boxTop, x1, 11);
     const int py = asTip ? (y - boxTop) % 3 : y % 3;
     for (int i = 0; i <= x1 - x0; ++i) {
-      const int x = x0 + i;
-      const int px = asTip ? i % 5 : ((x % 5) + 5) % 5;
-      EXPECT_EQ(px, rows.source[3 * i]) << "tip " << asTip << " x " << x;
-      EXPECT_EQ(py, rows.source[3 * i + 1]);
-      uint8_t coverage = std::min<int>(40 * px + py, std::min(255, 16 * std::max(0, x)));
-      EXPECT_EQ(uint8_t(255 - coverage) | MaskAt(x, y), rows.protect[i])
+      const int x = x0 + i, px = asTip ? i % 5 : ((x % 5) + 5) % 5;
+      EXPECT_EQ(std::make_pair(px, py),
+                std::make_pair(int(rows.source[3 * i]), int(rows.source[3 * i + 1])))
+          << "tip " << asTip << " x " << x;
+      EXPECT_EQ(uint8_t(255 - std::min<int>(40 * px + py, Stripe(x))) | MaskAt(x, y),
+                rows.protect[i])
           << "tip " << asTip << " x " << x;
     }
   }
 }
 
-TEST_F(ColorModeTest, TileModesRepeatTheirTileOrPaintNothingWithout) {
+TEST_F(ColorModeTest, TileModesRepeatTheirTileAndClipboardRunsNoKernel) {
   for (uint32_t mode : {kModeFilter, kModeLayer}) {
     pen.mode = mode;
     SetSourceTile(nullptr);
-    KernelRows none = Fetch(3, 0, 9, 0, 0, 9, 9);
-    EXPECT_EQ(std::vector<uint8_t>(10, 255), none.protect);
+    EXPECT_EQ(std::vector<uint8_t>(10, 255),
+              Fetch(3, 0, 9, 0, 0, 9, 9).protect);  // no tile: nothing
     Plane* tile = PlaneStore.CreatePlane(4, 3, 24, 0, 1, Physical);
     Image tiles{4, 3, 3, std::vector<uint8_t>(36)};
     for (size_t k = 0; k < tiles.bytes.size(); ++k) tiles.bytes[k] = uint8_t(k);
@@ -121,9 +114,6 @@ TEST_F(ColorModeTest, TileModesRepeatTheirTileOrPaintNothingWithout) {
       EXPECT_EQ(MaskAt(x, 5), rows.protect[i]);
     }
   }
-}
-
-TEST_F(ColorModeTest, ClipboardModeRunsNoKernel) {
   pen.mode = kModeClipboard;
   KernelRows rows = Fetch(3, 0, 7, 0, 0, 7, 7);
   EXPECT_EQ(-1, rows.kind);

@@ -36,23 +36,6 @@ class PlaceDabTest : public KernelTest {
   }
 };
 
-TEST_F(PlaceDabTest, WithoutAntiAliasTheTipLandsOnTheRoundedPixel) {
-  penAntiAlias = 0;
-  const std::vector<uint8_t> tip = {255, 128, 9, 60, 0, 201}, low(6, 0);
-  SetTip(3, 2, tip, low);
-  // (5.4, 6.6) rounds to (5, 7): left 5 + 1 - 3 / 2, top 7 + 1 - 2 / 2.
-  for (auto [x, y, left, top] : {std::tuple{5.4, 6.6, 5, 7}, {-1.6, 10.5, -1, 11}}) {
-    Image im = Snap(image), a = Snap(alpha);
-    Stamp(std::vector<unsigned>(tip.begin(), tip.end()), 3, 2, left, top, im, a);
-    int first = 1;
-    std::array<int, 4> box{};
-    EXPECT_EQ(1, Dab(x, y, first, box));
-    EXPECT_EQ((std::array<int, 4>{left, top, left + 3, top + 2}), box);
-    EXPECT_EQ(im, Snap(image));
-    EXPECT_EQ(a, Snap(alpha));
-  }
-}
-
 // The tip shifted right by fx and down by fy 255ths of a pixel: (w + 1) x
 // (h + 1) values.
 std::vector<unsigned> Shifted(const std::vector<uint8_t>& tip, int w, int h, unsigned fx,
@@ -70,26 +53,34 @@ std::vector<unsigned> Shifted(const std::vector<uint8_t>& tip, int w, int h, uns
   return out;
 }
 
-TEST_F(PlaceDabTest, WithAntiAliasTheTipIsShiftedByTheFraction) {
+TEST_F(PlaceDabTest, TipIsShiftedByTheFractionOrLandsOnTheRoundedPixel) {
   const int w = 4, h = 3;
   const std::vector<uint8_t> tip = RandomBytes(w * h);
   SetTip(w, h, tip, std::vector<uint8_t>(w * h, 0));
-  // A position of exactly 0 counts as -1 with a full fraction.
+  // With Anti-Alias, a position of exactly 0 counts as -1 with a full
+  // fraction; without, (5.4, 6.6) rounds to (5, 7) and so on.
   struct Case {
+    int antiAlias;
     double x, y;
     int ix, iy;
   };
-  for (Case k : {Case{7.3, 4.8, 7, 4}, Case{0.0, 2.5, -1, 2}, Case{-1.25, 9.0, -2, 9}}) {
+  for (Case k : {Case{1, 7.3, 4.8, 7, 4}, Case{1, 0.0, 2.5, -1, 2}, Case{1, -1.25, 9.0, -2, 9},
+                 Case{0, 5.4, 6.6, 5, 7}, Case{0, -1.6, 10.5, -1, 11}}) {
     SCOPED_TRACE(testing::Message() << k.x << "," << k.y);
+    penAntiAlias = k.antiAlias;
     const unsigned fx = unsigned((k.x - k.ix) * 255.0), fy = unsigned((k.y - k.iy) * 255.0);
-    const int left = k.ix + 1 - (w + 1) / 2, top = k.iy + 1 - (h + 1) / 2;
+    const int size = k.antiAlias ? 1 : 0;  // a shifted tip is one wider and taller
+    const int left = k.ix + 1 - (w + size) / 2, top = k.iy + 1 - (h + size) / 2;
     Image im = Snap(image), a = Snap(alpha);
-    Stamp(Shifted(tip, w, h, fx, fy), w + 1, h + 1, left, top, im, a);
+    if (k.antiAlias)
+      Stamp(Shifted(tip, w, h, fx, fy), w + 1, h + 1, left, top, im, a);
+    else
+      Stamp(std::vector<unsigned>(tip.begin(), tip.end()), w, h, left, top, im, a);
     int first = 1;
     std::array<int, 4> box{};
     EXPECT_EQ(1, Dab(k.x, k.y, first, box));
-    EXPECT_EQ(0, first);
-    EXPECT_EQ((std::array<int, 4>{left, top, left + w + 1, top + h + 1}), box);
+    EXPECT_EQ(k.antiAlias ? 0 : 1, first);  // without Anti-Alias there is no spacing test
+    EXPECT_EQ((std::array<int, 4>{left, top, left + w + size, top + h + size}), box);
     EXPECT_EQ(im, Snap(image));
     EXPECT_EQ(a, Snap(alpha));
   }
@@ -124,7 +115,7 @@ TEST_F(PlaceDabTest, DoubleAccuracyShiftsTheLowBytesAsValuesOfTheirOwn) {
   EXPECT_EQ(a, Snap(alpha));
 }
 
-TEST_F(PlaceDabTest, SpacingRefusesNearDabsOnlyWhenConnected) {
+TEST_F(PlaceDabTest, SpacingRefusesNearDabsOnlyWhenConnectedAndSpeedWaits) {
   SetTip(2, 2, {255, 255, 255, 255}, {0, 0, 0, 0});
   for (int isConnected : {1, 0}) {
     connected = isConnected;
@@ -135,17 +126,11 @@ TEST_F(PlaceDabTest, SpacingRefusesNearDabsOnlyWhenConnected) {
     EXPECT_EQ(isConnected ? 0 : 1, Dab(5.9, 4.5, first, box, 0, 2.0));
     if (isConnected) {
       EXPECT_EQ((std::array<int, 4>{5, 4, 5, 4}), box);  // the point
-      EXPECT_EQ(after, Snap(image));
-    } else {
-      EXPECT_NE(after, Snap(image));
     }
-    // The distance is from the last dab placed.
-    EXPECT_EQ(1, Dab(6.5, 4.5, first, box, 0, 2.0));
+    EXPECT_EQ(isConnected, after == Snap(image));
+    EXPECT_EQ(1, Dab(6.5, 4.5, first, box, 0, 2.0));  // the distance is from the last dab placed
   }
-}
-
-TEST_F(PlaceDabTest, SpeedWaitsBeforeEachDab) {
-  SetTip(1, 1, {255}, {0});
+  // The speed setting waits before each dab, with Anti-Alias or without.
   int first = 1;
   std::array<int, 4> box{};
   for (int aa : {1, 0}) {

@@ -85,14 +85,22 @@ TEST_F(ProtectionTest, SelectionProtectsDuringFillOrWithMaskOutsideSelection) {
       maskOutsideSelection = option == 1;
       fillInProgress = option == 2;
       KernelRows rows = Fetch(3, 0, kWidth - 1, 0, 0, 15, 11);
-      for (int x = 0; x < kWidth; ++x) {
-        uint8_t want = uint8_t((active == 0 ? m.at(x, 3) : 0) | (option ? sel.at(x, 3) : 0));
-        EXPECT_EQ(want, rows.protect[x]) << "plane " << active << " option " << option;
-      }
+      for (int x = 0; x < kWidth; ++x)
+        EXPECT_EQ(uint8_t((active == 0 ? m.at(x, 3) : 0) | (option ? sel.at(x, 3) : 0)),
+                  rows.protect[x])
+            << "plane " << active << " option " << option;
     }
+  // BlendRow asked to add the protection replaces the caller's row with it.
+  canvas->activePlane = 0;
+  maskOutsideSelection = 1;
+  fillInProgress = 0;
+  std::vector<uint8_t> source = RandomBytes(3 * kWidth), tip(kWidth, 0), opacity(kWidth, 0),
+                       protect = RandomBytes(kWidth);
+  BlendRow(canvas.get(), source.data(), tip.data(), nullptr, opacity.data(), protect.data(), 1, 2,
+           0, kWidth - 1, 1);
+  for (int x = 0; x < kWidth; ++x) EXPECT_EQ(m.at(x, 2) | sel.at(x, 2), protect[x]);
   // No selection raster: all selected.
   PlaneStore.FreePlane(&canvas->selectionPlane);
-  maskOutsideSelection = 1;
   canvas->activePlane = 2;
   EXPECT_EQ(std::vector<uint8_t>(kWidth, 0), Fetch(3, 0, kWidth - 1, 0, 0, 15, 11).protect);
 }
@@ -127,20 +135,6 @@ TEST_F(ProtectionTest, KernelsRefuseAnyProtectionAndReadInsideThePlane) {
   ASSERT_EQ(1, ReadPenPixel(canvas.get(), 6, 4, &r, &g, &b, &o));
   EXPECT_EQ((std::array<uint32_t, 4>{m.at(6, 4), m.at(6, 4), m.at(6, 4), 0}),
             (std::array<uint32_t, 4>{r, g, b, o}));
-}
-
-TEST_F(ProtectionTest, AddedProtectionReplacesTheCallersRow) {
-  MakeLayer();
-  const Image m = Snap(mask);
-  canvas->selectionPlane = PlaneStore.CreatePlane(kWidth, kHeight, 8, 0, 1, Physical);
-  Randomise(canvas->selectionPlane);
-  const Image sel = Snap(canvas->selectionPlane);
-  maskOutsideSelection = 1;
-  std::vector<uint8_t> source = RandomBytes(3 * kWidth), tip(kWidth, 0), opacity(kWidth, 0),
-                       protect = RandomBytes(kWidth);
-  BlendRow(canvas.get(), source.data(), tip.data(), nullptr, opacity.data(), protect.data(), 1, 2,
-           0, kWidth - 1, 1);
-  for (int x = 0; x < kWidth; ++x) EXPECT_EQ(m.at(x, 2) | sel.at(x, 2), protect[x]);
 }
 
 TEST_F(ProtectionTest, ColourMaskKeepsPaintToColoursNearTheKey) {
@@ -178,19 +172,20 @@ TEST_F(ProtectionTest, ColourMaskKeepsPaintToColoursNearTheKey) {
   FreeColorMaskMap();
   KernelRows none = Fetch(5, 0, kWidth - 1, 0, 0, 15, 11);
   for (int x = 0; x < kWidth; ++x) EXPECT_EQ(m.at(x, 5), none.protect[x]);
-}
 
-TEST_F(ProtectionTest, ColourMaskKeyAtTheStartIsWeightedByOpacity) {
-  MakeLayer();
-  colorMaskChoice = 1;  // StartPosition: the middle of the first dab's box
+  // StartPosition keys on the middle of the first dab's box, colours
+  // weighted by opacity.
+  colorMaskChoice = 1;
   colorMaskVagueness = 0;
-  const Image im = Snap(image), a = Snap(alpha), m = Snap(mask);
-  KernelRows rows = Fetch(2, 0, kWidth - 1, 4, 2, 9, 7);  // centre (6, 4)
+  dabCount = 0;
+  FreeColorMaskMap();
+  im = Snap(image);
+  KernelRows start = Fetch(2, 0, kWidth - 1, 4, 2, 9, 7);  // centre (6, 4)
   for (int x = 0; x < kWidth; ++x) {
     bool same = true;
     for (int c = 0; c < 3; ++c)
       same = same && RefMul(im.at(x, 2, c), a.at(x, 2)) == RefMul(im.at(6, 4, c), a.at(6, 4));
-    EXPECT_EQ(m.at(x, 2) | (same ? 0 : 255), rows.protect[x]) << x;
+    EXPECT_EQ(m.at(x, 2) | (same ? 0 : 255), start.protect[x]) << x;
   }
 }
 

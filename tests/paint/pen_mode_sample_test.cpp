@@ -83,24 +83,36 @@ TEST_F(SampleModeTest, Blur2TakesTheMeanOfTheUnprotectedBox) {
   EXPECT_EQ(std::vector<uint8_t>(4, 255), none.protect);
 }
 
-TEST_F(SampleModeTest, StirReadsAtTwoRandomOffsetsPerColumn) {
-  for (bool imagePlane : {true, false}) {
-    pen.mode = kModeStir;
-    canvas->activePlane = imagePlane ? 0 : 2;
-    std::srand(99);
-    KernelRows rows = Fetch(5, 0, kWidth - 1, 0, 0, 15, 11);
-    EXPECT_EQ(imagePlane ? 1 : 0, rows.kind);
-    if (!imagePlane) continue;  // the reading below is the image plane's
-    std::srand(99);
-    for (int x = 0; x < kWidth; ++x) {
-      const int dx = (std::rand() & 63) - 32;
-      const int dy = (std::rand() & 63) - 32;
-      uint8_t p[4];
-      if (PenPixel(x + dx, 5 + dy, p))
-        ExpectTaken(rows, x, p, x, 5);
-      else
-        EXPECT_EQ(255, rows.protect[x]);
-    }
+// Stir reads at two random offsets per column; Noise adds three draws per
+// pixel, red first.
+TEST_F(SampleModeTest, StirAndNoiseReplayTheirRandomDraws) {
+  pen.mode = kModeStir;
+  canvas->activePlane = 2;
+  EXPECT_EQ(0, Fetch(5, 0, kWidth - 1, 0, 0, 15, 11).kind);  // another plane has no opacity
+  canvas->activePlane = 0;
+  std::srand(99);
+  KernelRows rows = Fetch(5, 0, kWidth - 1, 0, 0, 15, 11);
+  EXPECT_EQ(1, rows.kind);
+  std::srand(99);
+  for (int x = 0; x < kWidth; ++x) {
+    const int dx = (std::rand() & 63) - 32, dy = (std::rand() & 63) - 32;
+    uint8_t p[4];
+    if (PenPixel(x + dx, 5 + dy, p))
+      ExpectTaken(rows, x, p, x, 5);
+    else
+      EXPECT_EQ(255, rows.protect[x]);
+  }
+
+  pen.mode = kModeNoise;
+  Image im = Snap(image);
+  std::srand(7);
+  rows = Fetch(3, 0, kWidth - 1, 0, 0, 15, 11);
+  EXPECT_EQ(0, rows.kind);
+  std::srand(7);
+  for (int x = 0; x < kWidth; ++x) {
+    for (int c : {2, 1, 0})
+      EXPECT_EQ(std::clamp(im.at(x, 3, c) + std::rand() % 33 - 16, 0, 255), rows.source[3 * x + c]);
+    EXPECT_EQ(MaskOr(0, x, 3), rows.protect[x]);
   }
 }
 
@@ -124,22 +136,6 @@ TEST_F(SampleModeTest, CloneReadsAtTheOffsetAndEraserKeepsTheColour) {
   for (int x = 0; x < kWidth; ++x) {
     const uint8_t own[4] = {im.at(x, 4, 0), im.at(x, 4, 1), im.at(x, 4, 2), 0};
     ExpectTaken(erase, x, own, x, 4);
-  }
-}
-
-TEST_F(SampleModeTest, NoiseAddsThreeDrawsPerPixelRedFirst) {
-  pen.mode = kModeNoise;
-  Image im = Snap(image);
-  std::srand(7);
-  KernelRows rows = Fetch(3, 0, kWidth - 1, 0, 0, 15, 11);
-  EXPECT_EQ(0, rows.kind);
-  std::srand(7);
-  for (int x = 0; x < kWidth; ++x) {
-    for (int c : {2, 1, 0}) {
-      const int v = im.at(x, 3, c) + std::rand() % 33 - 16;
-      EXPECT_EQ(std::clamp(v, 0, 255), rows.source[3 * x + c]);
-    }
-    EXPECT_EQ(MaskOr(0, x, 3), rows.protect[x]);
   }
 }
 
@@ -184,15 +180,13 @@ TEST_F(SampleModeTest, GrabbingModesDropWhatTheLastDabGrabbed) {
       }
     }
   }
-}
-
-TEST_F(SampleModeTest, GrabbingModesPaintNothingPastTheirLargestBox) {
+  // Nothing is grabbed or dropped past the largest box: 291 wide.
   pen.mode = kModeRub;
   for (int count : {0, 1}) {
     dabCount = count;
-    KernelRows rows = Fetch(3, 0, 5, 0, 0, 290, 3);  // 291 wide
-    EXPECT_EQ(std::vector<uint8_t>(6, 255), rows.protect);
+    EXPECT_EQ(std::vector<uint8_t>(6, 255), Fetch(3, 0, 5, 0, 0, 290, 3).protect);
   }
 }
+
 
 }  // namespace

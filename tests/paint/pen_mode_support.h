@@ -30,7 +30,7 @@ inline unsigned RefMul(unsigned a, unsigned b) {
   return v < 255 ? v : 255;
 }
 
-// A plane's pixels held in the test, one vector of bytes.
+// A plane's pixels held in the test, one vector of bytes, printed by rows.
 struct Image {
   int width = 0, height = 0, bpp = 1;
   std::vector<uint8_t> bytes;
@@ -98,7 +98,7 @@ class PenModeTest : public ::testing::Test {
   }
   void Randomise(Plane* plane) {
     Image image = Snap(plane);
-    for (uint8_t& byte : image.bytes) byte = uint8_t(random());
+    image.bytes = RandomBytes(image.bytes.size());
     Put(plane, image);
   }
   // A generated tip of the given bytes, row after row.
@@ -116,7 +116,6 @@ class PenModeTest : public ::testing::Test {
     for (uint8_t& byte : bytes) byte = uint8_t(random());
     return bytes;
   }
-  Plane* Slot(int index) { return canvas->planes[index].plane; }
 
   std::unique_ptr<Canvas> canvas;
   // Test data comes from its own generator, so that rand() belongs to the
@@ -132,11 +131,9 @@ void RefBlend8(const uint8_t s[3], uint8_t d[3], unsigned t, unsigned p, uint8_t
   unsigned a = RefMul(t, thick);
   if (a > 0 && density < 255 && unsigned(r()) % 255 > density) a = 0;
   unsigned e = RefMul(a, 255 - p);
-  if (!A) {
+  if (!A || kind == 1) {
     for (int c = 0; c < 3; ++c) d[c] = uint8_t(RefMul(d[c], 255 - e) + RefMul(s[c], e));
-  } else if (kind == 1) {
-    for (int c = 0; c < 3; ++c) d[c] = uint8_t(RefMul(d[c], 255 - e) + RefMul(s[c], e));
-    *A = uint8_t(RefMul(S, e) + RefMul(*A, 255 - e));
+    if (A) *A = uint8_t(RefMul(S, e) + RefMul(*A, 255 - e));
   } else {
     unsigned n = *A + e;
     for (int c = 0; c < 3; ++c) {
@@ -180,10 +177,6 @@ inline void RefBlend16(const uint8_t s[3], uint8_t hi[3], uint8_t lo[3], unsigne
     *A = uint8_t(RefMul(S, e8) + RefMul(*A, 255 - e8));
   }
 }
-
-}  // namespace pentest
-
-namespace pentest {
 
 // The rows FetchModeRow gave, prefilled with a sentinel so that what a
 // kernel leaves alone shows.

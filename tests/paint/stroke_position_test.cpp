@@ -44,14 +44,12 @@ TEST_F(StrokePositionTest, FractionSurvivesTheZoomUnscaled) {
   headless::Recorded().screenOriginX = 100;
   headless::Recorded().screenOriginY = 50;
   settings.positionSmoothing = 2;
+  // (zoom step, canvas position of the second sample): view 31, 17 plus
+  // one half; at 200 % view 31 is canvas 15; at 50 % 62, the half stays.
   struct {
     int zoomStep;
-    double x, y;  // canvas position of the second sample
-  } cases[] = {
-      {0, 31.5, 17.5},       // view 31, 17 plus one half
-      {2, 15.5, 8.5},        // 200 %: view 31 is canvas 15
-      {-2, 62.5, 34.5},      // 50 %: view 31 is canvas 62, the half stays a half
-  };
+    double x, y;
+  } cases[] = {{0, 31.5, 17.5}, {2, 15.5, 8.5}, {-2, 62.5, 34.5}};
   for (const auto& c : cases) {
     canvas->zoomStep = c.zoomStep;
     headless::Recorded().pointer = {31, 17, {}};
@@ -72,14 +70,14 @@ TEST_F(StrokePositionTest, GridSnapReplacesSmoothing) {
   canvas->gridOn = canvas->gridSnap = 1;
   canvas->gridX = 10;
   canvas->gridY = 8;
-  headless::Recorded().pointer = {14, 13, {}};
-  StrokePoint p = StrokePosition(canvas, 0);
-  EXPECT_DOUBLE_EQ(p.x, 10.0);  // (14 + 5) / 10 x 10
-  EXPECT_DOUBLE_EQ(p.y, 16.0);  // (13 + 4) / 8 x 8
-  headless::Recorded().pointer = {15, 11, {}};
-  p = StrokePosition(canvas, 0);
-  EXPECT_DOUBLE_EQ(p.x, 20.0);
-  EXPECT_DOUBLE_EQ(p.y, 8.0);
+  // (14 + 5) / 10 x 10, (13 + 4) / 8 x 8; then (15 + 5) / 10 x 10, (11 + 4) / 8 x 8.
+  std::vector<double> snapped;
+  for (auto [x, y] : {std::pair{14, 13}, {15, 11}}) {
+    headless::Recorded().pointer = {x, y, {}};
+    const StrokePoint p = StrokePosition(canvas, 0);
+    snapped.insert(snapped.end(), {p.x, p.y});
+  }
+  EXPECT_EQ(snapped, (std::vector<double>{10, 16, 20, 8}));
   // The smoothing history was left as it was.
   EXPECT_EQ(StrokeEngine.historyCount, 1);
 }

@@ -19,7 +19,7 @@ std::vector<uint32_t> Pixel(Plane* plane, int x, int y) {
   return {r, g, b};
 }
 
-TEST_F(RightButtonTest, DropperTakesTheComposedColourAndDropsThePattern) {
+TEST_F(RightButtonTest, DropperTakesTheComposedColourOrThePlanesValue) {
   Canvas* canvas = MakeBlank(16, 16);
   InstallStrokeEngine();
   PlaneStore.WritePixel24(canvas->planes[0].plane, 3, 4, 10, 20, 30);
@@ -37,10 +37,8 @@ TEST_F(RightButtonTest, DropperTakesTheComposedColourAndDropsThePattern) {
   EXPECT_EQ(pen.patternImage, nullptr);
   EXPECT_EQ(pen.patternActive, 0u);
   EXPECT_TRUE(recordedDabs.empty());
-}
 
-TEST_F(RightButtonTest, DropperOnAnotherPlaneTakesItsValueAsPureRed) {
-  Canvas* canvas = MakeBlank(16, 16);
+  // On another plane, its value as pure red.
   const int mask = CanvasManager.AddPlane(canvas, 0, 0);
   ASSERT_GT(mask, 0);
   CanvasManager.SelectPlane(canvas, mask);
@@ -110,7 +108,7 @@ TEST_F(RightButtonTest, UndoPenPaintsTheSnapshotOfTheLastLeftStrokeBack) {
   EXPECT_EQ(RunConnectedStroke(canvas, 0, 0, 1), 0);
 }
 
-TEST_F(RightButtonTest, CloneSourceIsTheDragWithShiftInCanvasPixels) {
+TEST_F(RightButtonTest, CloneSourceIsTheDragWithShiftAndPenToolsChooseTheirLoop) {
   Canvas* canvas = MakeBlank(64, 64);
   InstallStrokeEngine();
   pen.mode = kModeClone;
@@ -134,21 +132,16 @@ TEST_F(RightButtonTest, CloneSourceIsTheDragWithShiftInCanvasPixels) {
   EXPECT_EQ(PenKernels.cloneOffsetY, 10);
   ASSERT_EQ(lines.size() % 2, 0u);
   EXPECT_EQ(lines.back(), (std::vector<int>{107, 100, 67, 80}));
-}
 
-TEST_F(RightButtonTest, PenToolRoutesChooseTheLoopByMode) {
-  Canvas* canvas = MakeBlank(32, 32);
-  InstallStrokeEngine();
+  // Otherwise the pen tool connects in mode Color only.
   RecordingPen(2);
-  pen.mode = kModeColor;
-  LeftButtonDown(canvas, {kToolFreeHandConnect, 0, 0, 0});
-  EXPECT_EQ(connected, 1);
-  pen.mode = kModeBlur;
-  LeftButtonDown(canvas, {kToolFreeHandConnect, 0, 0, 0});
-  EXPECT_EQ(connected, 0);
-  pen.mode = kModeColor;
-  LeftButtonDown(canvas, {kToolFreeHand, 0, 0, 0});
-  EXPECT_EQ(connected, 0);
+  for (auto [tool, mode, connects] : {std::tuple{kToolFreeHandConnect, kModeColor, 1},
+                                      {kToolFreeHandConnect, kModeBlur, 0},
+                                      {kToolFreeHand, kModeColor, 0}}) {
+    pen.mode = mode;
+    LeftButtonDown(canvas, {tool, 0, 0, 0});
+    EXPECT_EQ(connected, connects) << tool << " " << mode;
+  }
 }
 
 TEST_F(RightButtonTest, OutlineFollowsTheCloneStrokeOnlyWhenBothAxesMove) {

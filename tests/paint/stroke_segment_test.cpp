@@ -1,5 +1,5 @@
 // The segment walker: where it offers dabs, which ones spacing lets
-// through, and what it reports.
+// through, and the box it reports.
 #include "paint/stroke_segment.h"
 
 #include "stroke_test_support.h"
@@ -8,16 +8,6 @@ namespace stroketest {
 namespace {
 
 using SegmentTest = StrokeTest;
-
-// The box a recording pen of radius 4 (a 10 x 10 tip) reports for an
-// accepted dab, one column and row wider than the tip.
-void MergeDabBox(const Dab& d, int box[4]) {
-  const int ix = int(d.x), iy = int(d.y);
-  box[0] = std::min(box[0], ix - 4);
-  box[1] = std::min(box[1], iy - 4);
-  box[2] = std::max(box[2], ix - 4 + 11);
-  box[3] = std::max(box[3], iy - 4 + 11);
-}
 
 TEST_F(SegmentTest, WalksInTenthsAndPlacesSpacedDabs) {
   Canvas* canvas = MakeBlank(128, 128);
@@ -57,8 +47,7 @@ TEST_F(SegmentTest, ReportsTheUnionAndPlacesNothingForNoLength) {
   RecordingPen(4);
   EXPECT_DOUBLE_EQ(StrokeSpacing(), 1.0);  // half a pixel is raised to one
   connected = 1;
-  int box[4] = {-1, -1, -1, -1};
-  int first = 0;
+  int box[4] = {-1, -1, -1, -1}, first = 0;
   PenBlender.lastDabX = PenBlender.lastDabY = 0;
   DrawPenSegment(canvas, 20.5, 20.5, 20.5, 20.5, 0, 0, &box[0], &box[1], &box[2], &box[3], 1, 1.0,
                  first);
@@ -72,9 +61,7 @@ TEST_F(SegmentTest, ReportsTheUnionAndPlacesNothingForNoLength) {
   std::vector<Dab> expected;
   AcceptSpaced(OfferedPoints(12.3, 30.6, 40.8, 22.1, false), 1.0, true, expected);
   ASSERT_EQ(recordedDabs, expected);
-  int union_[4] = {999999, 999999, 0, 0};
-  for (const Dab& d : expected) MergeDabBox(d, union_);
-  EXPECT_EQ((std::vector<int>(box, box + 4)), (std::vector<int>(union_, union_ + 4)));
+  EXPECT_EQ((std::vector<int>(box, box + 4)), DabsBox(expected, 4));
 }
 
 }  // namespace

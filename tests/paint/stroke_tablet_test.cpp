@@ -41,11 +41,10 @@ TEST_F(TabletTest, PressureBendsACopyOfThePen) {
   pen.density = 90;
   tablet.packets = {{128, 0, 0}};
   EXPECT_EQ(ApplyPressure(1, -1), 1);
-  EXPECT_EQ(pen.colorThickness, (200u * 128 + 128) / 255);
-  EXPECT_EQ(pen.density, (90u * 128 + 128) / 255);
+  EXPECT_EQ(std::make_pair(pen.colorThickness, pen.density),
+            std::make_pair(100u, 45u));  // x 128 / 255
   RestorePen();
-  EXPECT_EQ(pen.colorThickness, 200u);
-  EXPECT_EQ(pen.density, 90u);
+  EXPECT_EQ(std::make_pair(pen.colorThickness, pen.density), std::make_pair(200u, 90u));
 
   // Size: the radii scale, the tip is rebuilt and stays after RestorePen.
   StrokeEngine.reflectOnThick = StrokeEngine.reflectOnDensity = 0;
@@ -54,19 +53,18 @@ TEST_F(TabletTest, PressureBendsACopyOfThePen) {
   BuildTip();
   EXPECT_EQ(ApplyPressure(0, 128), 1);
   EXPECT_DOUBLE_EQ(pen.radiusX, 10.0 * 128 * 0.00392156862745098);
-  EXPECT_EQ(pen.colorThickness, (200u * 128 + 128) / 255);  // size thins the colour too
+  EXPECT_EQ(pen.colorThickness, 100u);  // size thins the colour too
   Plane* rebuilt = pen.tipHigh;
   EXPECT_EQ(rebuilt->width, 12);
   RestorePen();
-  EXPECT_DOUBLE_EQ(pen.radiusX, 10.0);
-  EXPECT_EQ(pen.tipHigh, rebuilt);
+  EXPECT_EQ(std::make_pair(pen.radiusX, pen.tipHigh), std::make_pair(10.0, rebuilt));
 
   // The eraser end paints as the Eraser; the mode waits in savedMode.
   pen.mode = kModeColor;
   tablet.packets = {{255, -1, 0}};
   EXPECT_EQ(ApplyPressure(1, -1), 1);
-  EXPECT_EQ(pen.mode, uint32_t(kModeEraser));
-  EXPECT_EQ(StrokeEngine.savedMode, int(kModeColor));
+  EXPECT_EQ(std::make_pair(pen.mode, StrokeEngine.savedMode),
+            std::make_pair(uint32_t(kModeEraser), int(kModeColor)));
   // A first reading without a packet makes the stroke a mouse stroke.
   tablet.packets = {{-1, 0, 0}};
   EXPECT_EQ(ApplyPressure(1, -1), 0);
@@ -129,11 +127,10 @@ TEST_F(TabletTest, ReplayFadesAndSmoothsTheRecordedSamples) {
   }
 
   EXPECT_EQ(ReplaySmoothedStroke(canvas, 0, 5, 8, 9, 40, 41), 1);
-  for (int i = 0; i < 9; ++i) {
-    EXPECT_EQ(s[i].x, e[i].x) << i;
-    EXPECT_EQ(s[i].y, e[i].y) << i;
-    EXPECT_EQ(s[i].pressure, e[i].pressure) << i;
-  }
+  for (int i = 0; i < 9; ++i)
+    EXPECT_EQ(std::make_tuple(s[i].x, s[i].y, s[i].pressure),
+              std::make_tuple(e[i].x, e[i].y, e[i].pressure))
+        << i;
   std::vector<Dab> expected;
   int offered = 0;
   for (int i = 0; i < 8; ++i) {
@@ -143,10 +140,9 @@ TEST_F(TabletTest, ReplayFadesAndSmoothsTheRecordedSamples) {
   }
   EXPECT_EQ(recordedDabs, expected);
   EXPECT_EQ(dabCount, offered + 8);  // each step of the walker, and each segment
-  const UndoEntry& record = UndoHistory.entries[0];
-  EXPECT_EQ(record.kind, kUndoRect);
-  EXPECT_LE(record.left, 8);
-  EXPECT_GE(record.bottom, 41);
+  EXPECT_EQ(UndoHistory.entries[0].kind, kUndoRect);
+  EXPECT_LE(UndoHistory.entries[0].left, 8);
+  EXPECT_GE(UndoHistory.entries[0].bottom, 41);
 
   // A single sample is left as painted.
   UndoHistory.Reset();

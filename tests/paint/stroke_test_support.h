@@ -102,7 +102,9 @@ class StrokeTest : public ::testing::Test {
   }
   // The pointer at the press, then one sample per pass of a loop.
   static void Press(int x, int y, const Keys& keys) { headless::Recorded().pointer = {x, y, keys}; }
-  static void Then(std::vector<headless::PointerSample> samples) { headless::ScriptPointer(samples); }
+  static void Then(std::vector<headless::PointerSample> samples) {
+    headless::ScriptPointer(samples);
+  }
 
   std::vector<std::unique_ptr<Canvas>> canvases;
 };
@@ -111,7 +113,8 @@ class StrokeTest : public ::testing::Test {
 // towards the end (pulled back by half a pixel on a walk of more than 1.5
 // when the end isn't exact), the other axis in proportion.
 inline std::vector<Dab> OfferedPoints(double x0, double y0, double x1, double y1, bool exactEnd) {
-  const bool yMajor = std::fabs(std::trunc(x0 * 10 - x1 * 10)) <= std::fabs(std::trunc(y0 * 10 - y1 * 10));
+  const bool yMajor =
+      std::fabs(std::trunc(x0 * 10 - x1 * 10)) <= std::fabs(std::trunc(y0 * 10 - y1 * 10));
   const double a0 = yMajor ? y0 : x0, b0 = yMajor ? x0 : y0, b1 = yMajor ? x1 : y1;
   double a1 = yMajor ? y1 : x1;
   const double dir = a1 < a0 ? -1.0 : 1.0;
@@ -136,6 +139,17 @@ inline void AcceptSpaced(const std::vector<Dab>& offered, double spacing, bool f
     first = false;
     accepted.push_back(p);
   }
+}
+
+// The box of the dabs of a recording pen of radius r: each covers its tip
+// of 2 r + 2 pixels and one more column and row.
+inline std::vector<int> DabsBox(const std::vector<Dab>& dabs, int r) {
+  std::vector<int> box{999999, 999999, 0, 0};
+  for (const Dab& d : dabs) {
+    box = {std::min(box[0], int(d.x) - r), std::min(box[1], int(d.y) - r),
+           std::max(box[2], int(d.x) + r + 3), std::max(box[3], int(d.y) + r + 3)};
+  }
+  return box;
 }
 
 }  // namespace stroketest

@@ -35,7 +35,7 @@ class DotPenTest : public PenTest {
   }
 };
 
-TEST_F(DotPenTest, TipIsTheBoxOfWhatIsNotWhite) {
+TEST_F(DotPenTest, TipIsTheBoxOfWhatIsNotWhiteCutTo256) {
   fs::path file = scratch.path / "pen.bmp";
   // Only pixels whose largest channel is below 255 count: pure yellow at
   // (10, 7) does not, the near white at (2, 5) does. Box x 2..6, y 2..5.
@@ -43,13 +43,10 @@ TEST_F(DotPenTest, TipIsTheBoxOfWhatIsNotWhite) {
               {{3, 4, 0, 0, 0}, {6, 2, 30, 60, 90}, {4, 4, 255, 0, 0}, {10, 7, 255, 255, 0},
                {2, 5, 254, 254, 254}});
   Raster tip = TipOf(file);
-  ASSERT_EQ(5, tip.width);
-  ASSERT_EQ(4, tip.height);
-  EXPECT_EQ(255, tip.at(1, 2));            // black
-  EXPECT_EQ(255 - 180 / 3, tip.at(4, 0));  // 195
-  EXPECT_EQ(255 - 255 / 3, tip.at(2, 2));  // red inside the box: 170
-  EXPECT_EQ(1, tip.at(0, 3));              // 255 - 254
-  EXPECT_EQ(0, tip.at(0, 0));              // white inside the box
+  ASSERT_EQ(std::make_pair(5, 4), std::make_pair(tip.width, tip.height));
+  // Black, 255 - 180 / 3, red inside the box 255 - 255 / 3, 255 - 254, white.
+  EXPECT_EQ((Bytes{255, 195, 170, 1, 0}),
+            (Bytes{tip.at(1, 2), tip.at(4, 0), tip.at(2, 2), tip.at(0, 3), tip.at(0, 0)}));
 
   // All white, or no file at all: one pixel of nothing.
   SavePicture(file, 7, 5, {});
@@ -57,18 +54,16 @@ TEST_F(DotPenTest, TipIsTheBoxOfWhatIsNotWhite) {
   EXPECT_EQ((Raster{1, 1, {0}}), TipOf(scratch.path / "missing.bmp"));
   std::ofstream(file, std::ios::binary | std::ios::trunc) << "BM broken";
   EXPECT_EQ((Raster{1, 1, {0}}), TipOf(file));
-}
 
-TEST_F(DotPenTest, GreyPicturesAndLargeBoxes) {
+  // A grey picture, its box cut to the top left 256 columns.
   Plane* grey = PlaneStore.CreatePlane(300, 4, 8, 255, 1, Physical);
   PlaneStore.WritePixel8(grey, 0, 1, 100);
   PlaneStore.WritePixel8(grey, 299, 3, 0);
-  Plane* tip = MakeDotTip(grey);
-  Raster raster = Read(tip);
-  EXPECT_EQ(256, raster.width);  // cut to its top left 256 columns
-  EXPECT_EQ(3, raster.height);
-  EXPECT_EQ(155, raster.at(0, 0));
-  PlaneStore.FreePlane(&tip);
+  Plane* cut = MakeDotTip(grey);
+  tip = Read(cut);
+  EXPECT_EQ(std::make_tuple(256, 3, 155),
+            std::make_tuple(tip.width, tip.height, int(tip.at(0, 0))));
+  PlaneStore.FreePlane(&cut);
   PlaneStore.FreePlane(&grey);
 }
 
@@ -83,15 +78,15 @@ TEST_F(DotPenTest, FoldersAndFilesAreListedInByteOrder) {
   std::ofstream(pendata / "c.bmp") << "a file, not a family";
 
   ASSERT_EQ(3, PenDataList.Read(scratch.Prefix()));
-  EXPECT_STREQ("B", PenDataList.folders[0]);
-  EXPECT_STREQ("a", PenDataList.folders[1]);
-  EXPECT_STREQ("b", PenDataList.folders[2]);
+  EXPECT_EQ((std::vector<std::string>{"B", "a", "b"}),
+            (std::vector<std::string>{PenDataList.folders[0], PenDataList.folders[1],
+                                      PenDataList.folders[2]}));
   EXPECT_EQ(0, PenDataList.fileCount);  // "B" is empty
 
   EXPECT_EQ(1, PenDataList.NextFolder());
   ASSERT_EQ(2, PenDataList.fileCount);
-  EXPECT_STREQ("Y.BMP", PenDataList.files[0]);
-  EXPECT_STREQ("z.bmp", PenDataList.files[1]);
+  EXPECT_EQ((std::vector<std::string>{"Y.BMP", "z.bmp"}),
+            (std::vector<std::string>{PenDataList.files[0], PenDataList.files[1]}));
   ASSERT_EQ(1, PenDataList.PickDotPen(1));
   EXPECT_EQ(1, PenDataList.fileInUse);
   EXPECT_EQ((Raster{1, 1, {255}}), Read(dotTip));

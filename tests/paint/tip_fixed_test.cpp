@@ -23,49 +23,38 @@ class FixedTipTest : public PenTest {
   }
 };
 
-TEST_F(FixedTipTest, BlockFillsFromTheTopLeftWithZeroLowBytes) {
-  // (rx, ry) -> raster w x h, block trunc(2 rx + 1) x trunc(2 ry + 1).
+// A block fills trunc(2 rx + 1) x trunc(2 ry + 1) from the top left of
+// its raster, low bytes 0; a frame is the raster's outline in both.
+TEST_F(FixedTipTest, BlockAndFrame) {
   struct Case {
     double rx, ry;
     int w, h, bw, bh;
   };
   for (Case c : {Case{2, 1, 6, 4, 5, 3}, Case{2.5, 1.4, 6, 4, 6, 3}, Case{0.5, 0, 2, 2, 2, 1},
-                 Case{3.2, 4.9, 8, 10, 7, 10}}) {
-    Build(10, c.rx, c.ry);
-    Raster high = Read(pen.tipHigh), low = Read(pen.tipLow);
-    ASSERT_EQ(c.w, high.width);
-    ASSERT_EQ(c.h, high.height);
-    for (int y = 0; y < c.h; ++y)
-      for (int x = 0; x < c.w; ++x) {
-        EXPECT_EQ(x < c.bw && y < c.bh ? 255 : 0, high.at(x, y)) << x << "," << y;
-        EXPECT_EQ(0, low.at(x, y));
-      }
+                 Case{3.3, 4.9, 8, 10, 7, 10}, Case{0, 2, 2, 6, 1, 5}}) {
+    for (int shape : {10, 11}) {
+      Build(shape, c.rx, c.ry);
+      Raster high = Read(pen.tipHigh), low = Read(pen.tipLow);
+      ASSERT_EQ(std::make_pair(c.w, c.h), std::make_pair(high.width, high.height));
+      int wrong = 0;
+      for (int y = 0; y < c.h; ++y)
+        for (int x = 0; x < c.w; ++x) {
+          const bool block = x < c.bw && y < c.bh,
+                     edge = x == 0 || y == 0 || x == c.w - 1 || y == c.h - 1;
+          wrong += high.at(x, y) != (shape == 10 ? block : edge) * 255;
+          wrong += low.at(x, y) != (shape == 10 ? 0 : high.at(x, y));
+        }
+      EXPECT_EQ(0, wrong) << "shape " << shape << " radii " << c.rx << ", " << c.ry;
+    }
   }
   Build(10, 0, 0);  // a zero radius sets one pixel, in both rasters
   EXPECT_EQ((Raster{2, 2, {255, 0, 0, 0}}), Read(pen.tipHigh));
   EXPECT_EQ((Raster{2, 2, {255, 0, 0, 0}}), Read(pen.tipLow));
   EXPECT_EQ(0, pen.tipAnimated);
-}
-
-TEST_F(FixedTipTest, FrameIsTheRasterOutline) {
-  for (auto [rx, ry] : {std::pair{3.0, 1.5}, {0.0, 0.0}, {0.0, 2.0}}) {
-    Build(11, rx, ry);
-    Raster high = Read(pen.tipHigh);
-    EXPECT_EQ(high, Read(pen.tipLow));
-    for (int y = 0; y < high.height; ++y)
-      for (int x = 0; x < high.width; ++x) {
-        bool edge = x == 0 || y == 0 || x == high.width - 1 || y == high.height - 1;
-        EXPECT_EQ(edge ? 255 : 0, high.at(x, y));
-      }
-  }
-}
-
-TEST_F(FixedTipTest, RadiiOutsideTheirRangeAreBroughtIn) {
+  // Radii outside their range are brought in.
   Build(10, 400, -3);
-  EXPECT_EQ(256, pen.tipHigh->width);
-  EXPECT_EQ(2, pen.tipHigh->height);
-  EXPECT_EQ(127 * 127, pen.radiusXSquared);
-  EXPECT_EQ(0, pen.radiusProduct);
+  EXPECT_EQ(std::make_pair(256, 2), std::make_pair(pen.tipHigh->width, pen.tipHigh->height));
+  EXPECT_EQ(std::make_pair(127 * 127, 0), std::make_pair(pen.radiusXSquared, pen.radiusProduct));
 }
 
 TEST_F(FixedTipTest, FetchTakesStampThenDotTipThenTheGeneratedTip) {
@@ -82,12 +71,10 @@ TEST_F(FixedTipTest, FetchTakesStampThenDotTipThenTheGeneratedTip) {
   pen.radiusX = 2;
   pen.radiusY = 1;
   fetch();
-  ASSERT_EQ(6, w);
-  ASSERT_EQ(4, h);
+  ASSERT_EQ(std::make_pair(6, 4), std::make_pair(w, h));
   Raster frame = Read(pen.tipHigh);
   EXPECT_TRUE(std::equal(frame.bytes.begin(), frame.bytes.end(), high));
-  EXPECT_EQ(255, low[0]);
-  EXPECT_EQ(0, low[7]);
+  EXPECT_EQ(std::make_pair(255, 0), std::make_pair(int(low[0]), int(low[7])));
   EXPECT_EQ(4.0, tipMinimum());
 
   // The dot tip: its rows, low bytes 0.
@@ -95,10 +82,8 @@ TEST_F(FixedTipTest, FetchTakesStampThenDotTipThenTheGeneratedTip) {
   for (int y = 0; y < 5; ++y) PlaneStore.WritePixel8(dotTip, 1, y, 10 + y);
   dotTipActive = 1;
   fetch();
-  ASSERT_EQ(3, w);
-  ASSERT_EQ(5, h);
-  EXPECT_EQ(0, high[0]);
-  EXPECT_EQ(14, high[13]);
+  ASSERT_EQ(std::make_pair(3, 5), std::make_pair(w, h));
+  EXPECT_EQ(std::make_pair(0, 14), std::make_pair(int(high[0]), int(high[13])));
   EXPECT_TRUE(std::all_of(low, low + 15, [](uint8_t v) { return v == 0; }));
   EXPECT_EQ(3.0, tipMinimum());
 
@@ -107,8 +92,7 @@ TEST_F(FixedTipTest, FetchTakesStampThenDotTipThenTheGeneratedTip) {
   pen.patternActive = 1;
   patternIsTip = 1;
   fetch();
-  ASSERT_EQ(9, w);
-  ASSERT_EQ(4, h);
+  ASSERT_EQ(std::make_pair(9, 4), std::make_pair(w, h));
   EXPECT_TRUE(std::all_of(high, high + 36, [](uint8_t v) { return v == 255; }));
   EXPECT_TRUE(std::all_of(low, low + 36, [](uint8_t v) { return v == 255; }));
   EXPECT_EQ(77, high[36]);

@@ -1,42 +1,77 @@
-// What the option panels do to the pen, the pen pattern and the text tip.
+// What the option panels do to the pen: the panel choice, shape buttons and
+// drag sizing, the size list, stored pens, the pen pattern and the text tip.
+#include <cstring>
+#include <fstream>
+#include <iterator>
+
 #include "paint/pen_pattern.h"
+#include "paint/pen_sizes.h"
+#include "paint/stored_pen.h"
 #include "paint/text_tip.h"
 #include "paint/tip.h"
 #include "paint/tip_panels.h"
+#include "settings/number_lists.h"
 #include "store/dib.h"
 #include "tip_test_support.h"
 
 namespace {
 
 using namespace tiptest;
+using Sizes = std::vector<std::pair<int, int>>;
 
-class PanelTest : public PenTest {};
+class PanelTest : public PenTest {
+ protected:
+  void SetUp() override {
+    PenTest::SetUp();
+    penSizes.Clear();
+    penSizes.column[0][0] = penSizes.column[1][0] = 1;
+  }
+  static Sizes Entries() {
+    Sizes entries;
+    for (int i = 0; i < penSizes.Count(); ++i)
+      entries.emplace_back(penSizes.column[0][i], penSizes.column[1][i]);
+    return entries;
+  }
+  static std::vector<std::string> BoxTexts() {
+    std::vector<std::string> texts;
+    for (const auto& box : headless::Recorded().boxes) texts.push_back(box.text);
+    return texts;
+  }
+  static std::filesystem::path SlotFile(int slot) {
+    return scratch.path / ("pen0" + std::to_string(slot));
+  }
+  static void WritePenFile(int slot, const Bytes& bytes, size_t size) {
+    std::ofstream(SlotFile(slot), std::ios::binary)
+        .write(reinterpret_cast<const char*>(bytes.data()), size);
+  }
+  static void SetPen() {
+    dotPenPanel = 0;
+    pen.tipShape = 13, pen.colorThickness = 200, pen.density = 17;
+    pen.radiusX = 3.25, pen.radiusY = 0.5;
+    PenDataList.folderInUse = 2, PenDataList.fileInUse = 7;
+  }
+};
 
-TEST_F(PanelTest, PanelChoiceAndTheTipInUse) {
+TEST_F(PanelTest, PanelChoiceShapeButtonsAndDragSizing) {
   EXPECT_EQ(OptionPanel::Brush, ChooseOptionPanel(20005, false));
   EXPECT_EQ(OptionPanel::Text, ChooseOptionPanel(20005, true));
   EXPECT_EQ(OptionPanel::Range, ChooseOptionPanel(20007, true));
   dotPenPanel = 1;
   EXPECT_EQ(OptionPanel::Dot, ChooseOptionPanel(20000, false));
-
   OpenOptionPanel(OptionPanel::Text);
   EXPECT_EQ(1, dotTipActive);
   EXPECT_EQ(OptionPanel::Brush, SwitchTipPanel(OptionPanel::Dot));
-  EXPECT_EQ(0, dotPenPanel);
-  EXPECT_EQ(0, dotTipActive);
+  EXPECT_EQ(std::make_pair(dotPenPanel, dotTipActive), std::make_pair(0, 0));
   EXPECT_EQ(OptionPanel::Dot, SwitchTipPanel(OptionPanel::Brush));
-  EXPECT_EQ(1, dotPenPanel);
-  EXPECT_EQ(1, dotTipActive);
-}
+  EXPECT_EQ(std::make_pair(dotPenPanel, dotTipActive), std::make_pair(1, 1));
 
-TEST_F(PanelTest, ShapeButtonsAndDragSizing) {
   pen.radiusX = pen.radiusY = 2;
   EXPECT_EQ(1, PickTipShape(10));
-  EXPECT_EQ(10, pen.tipShape);
   EXPECT_NE(nullptr, pen.tipHigh);
   EXPECT_EQ(0, PickTipShape(16));
   EXPECT_EQ(10, pen.tipShape);
-
+  // (dx, dy, right button, Shift) -> radii: the left button keeps them equal
+  // unless Shift is held, the right button the other way round.
   struct Case {
     int dx, dy;
     bool right, shift;
@@ -46,40 +81,160 @@ TEST_F(PanelTest, ShapeButtonsAndDragSizing) {
                  Case{-5, 9, true, false, 5, 9}, Case{-5, 9, true, true, 5, 5},
                  Case{0, 300, true, false, 1, 127}}) {
     DragTipRadii(c.dx, c.dy, c.right, c.shift);
-    EXPECT_EQ(c.rx, pen.radiusX);
-    EXPECT_EQ(c.ry, pen.radiusY);
+    EXPECT_EQ(std::make_pair(c.rx, c.ry), std::make_pair(pen.radiusX, pen.radiusY))
+        << c.dx << "," << c.dy;
   }
-  EXPECT_EQ(215, TipPreviewShade(10));
-  EXPECT_EQ(0, TipPreviewShade(64));
+  EXPECT_EQ(std::make_pair(int(TipPreviewShade(10)), int(TipPreviewShade(64))),
+            std::make_pair(215, 0));
+}
+
+TEST_F(PanelTest, SizeListKeepsSortedSizesUpToItsLimit) {
+  AddPenSize(9, 1);
+  AddPenSize(5, 7);
+  AddPenSize(5, 2);
+  AddPenSize(5, 7);    // already there
+  AddPenSize(0, 400);  // each side within 1..255
+  EXPECT_EQ(Entries(),
+            (Sizes{{1, 1}, {1, 255}, {5, 7}, {5, 2}, {9, 1}}));  // equal widths keep their order
+  pen.radiusX = 2.7;  // trunc(6.4) x trunc(1.4)
+  pen.radiusY = 0.2;
+  AddCurrentPenSize();
+  EXPECT_EQ("6 x 1", PenSizeLabel(4));
+
+  for (int width = 10; Entries().size() < 46; ++width) ASSERT_EQ(1, AddPenSize(width, 3));
+  EXPECT_TRUE(headless::Recorded().boxes.empty());
+  EXPECT_EQ(0, AddPenSize(100, 100));  // indices 0 to 45 only
+  EXPECT_EQ(1, AddPenSize(20, 3));     // already there: no new place needed
+  EXPECT_EQ(46, penSizes.Count());
+  ASSERT_EQ(BoxTexts(), std::vector<std::string>{"これ以上追加できません"});
+  EXPECT_EQ("Tesel", headless::Recorded().boxes[0].caption);
+  EXPECT_EQ(-1, penSizes.column[0][46]);
+}
+
+TEST_F(PanelTest, SizeListPicksAndDeletesAfterAsking) {
+  AddPenSize(7, 4);
+  AddPenSize(9, 9);
+  ASSERT_EQ(1, PickPenSize(1));
+  EXPECT_EQ(std::make_pair(pen.radiusX, pen.radiusY), std::make_pair(3.0, 1.5));
+  ASSERT_NE(nullptr, pen.tipHigh);
+  EXPECT_EQ(std::make_pair(pen.tipHigh->width, pen.tipHigh->height), std::make_pair(8, 4));
+  EXPECT_EQ(0, PickPenSize(3));
+  EXPECT_EQ("", PenSizeLabel(3));
+
+  headless::Recorded().boxAnswers = {platform::IdNo, platform::IdYes};
+  EXPECT_EQ(0, DeletePenSize(1));
+  EXPECT_EQ(3, penSizes.Count());
+  EXPECT_EQ(1, DeletePenSize(1));
+  EXPECT_EQ(Entries(), (Sizes{{1, 1}, {9, 9}}));
+  EXPECT_EQ(-1, penSizes.column[1][2]);
+  EXPECT_EQ(0, DeletePenSize(5));  // no such entry: not even asked
+  EXPECT_EQ(BoxTexts(), std::vector<std::string>(2, "The selected size will be deleted. Okay?"));
+}
+
+TEST_F(PanelTest, StoredPenFileHoldsTheTipAndStrengthsOnly) {
+  SetPen();
+  pen.red = 12;
+  pen.mode = 6;
+  ASSERT_EQ(1, SavePen(scratch.Prefix(), 4));
+  // Shape, file, folder, thickness, density; the radii as doubles, little-
+  // endian: 3.25 = 0x400A000000000000, 0.5 = 0x3FE0000000000000.
+  Bytes expected(200, 0);
+  for (auto [at, value] : {std::pair{1, 13},
+                           {2, 7},
+                           {3, 2},
+                           {4, 200},
+                           {5, 17},
+                           {16, 0x0A},
+                           {17, 0x40},
+                           {24, 0xE0},
+                           {25, 0x3F}})
+    expected[at] = uint8_t(value);
+  std::ifstream in(SlotFile(4), std::ios::binary);
+  EXPECT_EQ(expected, Bytes(std::istreambuf_iterator<char>(in), {}));
+
+  pen.tipShape = 2, pen.colorThickness = pen.density = 255, pen.radiusX = pen.radiusY = 40;
+  pen.red = 99, dotTipActive = 1;
+  ASSERT_EQ(1, LoadPen(scratch.Prefix(), 4));
+  EXPECT_EQ(
+      std::make_tuple(pen.tipShape, pen.colorThickness, pen.density, pen.radiusX, pen.radiusY),
+      std::make_tuple(13, 200u, 17u, 3.25, 0.5));
+  EXPECT_EQ(std::make_pair(pen.red, pen.mode),
+            std::make_pair(99u, 6u));  // colour and mode are not stored
+  EXPECT_EQ(0, dotTipActive);                                            // the brush panel is back
+  ASSERT_NE(nullptr, pen.tipHigh);                                       // and the tip rebuilt
+  EXPECT_EQ(std::make_pair(pen.tipHigh->width, pen.tipHigh->height), std::make_pair(8, 2));
+
+  // The Shift key stores and says so; the key alone loads.
+  ASSERT_EQ(1, StoredPenKey(scratch.Prefix(), 3, true));
+  EXPECT_EQ(0, StoredPenKey(scratch.Prefix() + "nowhere/", 3, true));  // not stored: not said
+  pen.tipShape = 0;
+  ASSERT_EQ(1, StoredPenKey(scratch.Prefix(), 3, false));
+  EXPECT_EQ(13, pen.tipShape);
+  EXPECT_EQ(BoxTexts(), std::vector<std::string>{"Now registered to [3]!"});
+}
+
+TEST_F(PanelTest, StoredDotPenComesBackFromItsFolder) {
+  std::filesystem::create_directories(scratch.path / "pendata" / "f");
+  Plane* picture = PlaneStore.CreatePlane(3, 2, 8, 0, 1, Physical);
+  ASSERT_EQ(1, SaveBmp(picture, (scratch.path / "pendata" / "f" / "a.bmp").string()));
+  PlaneStore.FreePlane(&picture);
+  PenDataList.Read(scratch.Prefix());
+  PenDataList.PickDotPen(0);
+  dotPenPanel = 1;
+  ASSERT_EQ(1, SavePen(scratch.Prefix(), 1));
+  PlaneStore.FreePlane(&dotTip);
+  dotPenPanel = 0;
+  ASSERT_EQ(1, LoadPen(scratch.Prefix(), 1));
+  EXPECT_EQ(std::make_pair(dotPenPanel, dotTipActive), std::make_pair(1, 1));
+  EXPECT_EQ((Raster{3, 2, Bytes(6, 255)}), Read(dotTip));
+}
+
+TEST_F(PanelTest, BadStoredPenFilesAndSlotsLeaveThePenAlone) {
+  SetPen();
+  EXPECT_EQ(0, SavePen(scratch.Prefix(), 0));
+  EXPECT_EQ(0, SavePen(scratch.Prefix(), 10));
+  EXPECT_EQ(0, SavePen(scratch.Prefix() + "nowhere/", 1));
+  EXPECT_EQ(0, LoadPen(scratch.Prefix(), 5));  // missing
+  Bytes file(200, 0);
+  file[1] = 16;  // no such shape
+  WritePenFile(5, file, 200);
+  EXPECT_EQ(0, LoadPen(scratch.Prefix(), 5));
+  file[1] = 3;
+  WritePenFile(5, file, 199);
+  EXPECT_EQ(0, LoadPen(scratch.Prefix(), 5));  // short
+  EXPECT_EQ(std::make_tuple(pen.tipShape, pen.radiusX, pen.tipHigh),
+            std::make_tuple(13, 3.25, nullptr));
+  // Radii out of range are brought in, as at start.
+  const double huge = 1e300, negative = -2;
+  std::memcpy(&file[10], &huge, 8);
+  std::memcpy(&file[18], &negative, 8);
+  WritePenFile(5, file, 200);
+  ASSERT_EQ(1, LoadPen(scratch.Prefix(), 5));
+  EXPECT_EQ(std::make_pair(pen.radiusX, pen.radiusY), std::make_pair(127.0, 0.0));
 }
 
 TEST_F(PanelTest, PatternAsksWhetherToBeATip) {
   auto image = [](int w, int h) { return PlaneStore.CreatePlane(w, h, 24, 255, 1, Physical); };
   headless::Recorded().boxAnswers = {platform::IdYes};
   ASSERT_EQ(1, SetPenPattern("a/b.PNG", image(299, 300), nullptr));
-  EXPECT_EQ(1u, pen.patternActive);
-  EXPECT_EQ(1, patternIsTip);
-  ASSERT_EQ(1u, headless::Recorded().boxes.size());
-  EXPECT_EQ("Use this image as tip of pen?", headless::Recorded().boxes[0].text);
-
+  EXPECT_EQ(std::make_pair(pen.patternActive, patternIsTip), std::make_pair(1u, 1));
+  EXPECT_EQ(BoxTexts(), std::vector<std::string>{"Use this image as tip of pen?"});
   // Too large to be a tip, or of a kind that is never one: no question.
   ASSERT_EQ(1, SetPenPattern("big.tsl", image(300, 300), nullptr));
   EXPECT_EQ(0, patternIsTip);
   ASSERT_EQ(1, SetPenPattern("p.jpg", image(4, 4), nullptr));
   ASSERT_EQ(1, SetPenPattern("p.bmp", image(4, 4), nullptr));  // a bmp without its mask
   EXPECT_EQ(1u, headless::Recorded().boxes.size());
-
   // A bmp with a mask beside it takes the mask and asks.
   Plane* mask = PlaneStore.CreatePlane(4, 4, 8, 60, 1, Physical);
   ASSERT_EQ(1, SaveBmp(mask, (scratch.path / "m.bmm").string()));
   PlaneStore.FreePlane(&mask);
-  Plane* alpha = PlaneStore.CreatePlane(4, 4, 8, 0, 1, Physical);
   headless::Recorded().boxAnswers = {platform::IdNo};
-  ASSERT_EQ(1, SetPenPattern((scratch.path / "m.bmp").string(), image(4, 4), alpha));
-  EXPECT_EQ(2u, headless::Recorded().boxes.size());
-  EXPECT_EQ(0, patternIsTip);
+  ASSERT_EQ(1, SetPenPattern((scratch.path / "m.bmp").string(), image(4, 4),
+                             PlaneStore.CreatePlane(4, 4, 8, 0, 1, Physical)));
+  EXPECT_EQ(std::make_pair(headless::Recorded().boxes.size(), patternIsTip),
+            std::make_pair(size_t{2}, 0));
   EXPECT_EQ((Raster{4, 4, Bytes(16, 60)}), Read(pen.patternAlpha));
-
   // No picture: the pattern stays.
   Plane* kept = pen.patternImage;
   EXPECT_EQ(0, SetPenPattern("x.png", nullptr, nullptr));
@@ -95,8 +250,7 @@ TEST_F(PanelTest, TextTipIsTheRenderedTextInvertedAndCut) {
   PlaneStore.WritePixel8(rendered, 256, 0, 0);  // beyond the cut
   ASSERT_EQ(1, SetTextTip(rendered));
   Raster tip = Read(dotTip);
-  EXPECT_EQ(256, tip.width);
-  EXPECT_EQ(2, tip.height);
+  EXPECT_EQ(std::make_pair(tip.width, tip.height), std::make_pair(256, 2));
   EXPECT_EQ(215, tip.at(0, 1));
   EXPECT_EQ(0, *std::max_element(tip.bytes.begin() + 1, tip.bytes.begin() + 256));
   PlaneStore.FreePlane(&rendered);

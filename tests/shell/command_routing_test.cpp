@@ -1,5 +1,6 @@
 #include <cstdint>
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "display/view_windows.h"
@@ -13,6 +14,7 @@
 namespace {
 
 using Routing = ShellTest;
+using Strings = std::vector<std::string>;
 
 uint32_t Byte8(Plane* plane, int x, int y) {
   uint32_t value = 999;
@@ -31,22 +33,20 @@ TEST_F(Routing, TableHoldsEveryRangeOnceWithItsOwner) {
   EXPECT_EQ(FindCommand(11021)->owner, CommandOwner::Canvas);
   EXPECT_STREQ(FindCommand(11042)->menuText, "75%");
   EXPECT_STREQ(FindCommand(21032)->menuText, "Rotate..");
-  EXPECT_TRUE(FindCommand(20013)->toolChange);
-  EXPECT_TRUE(FindCommand(14008)->toolChange);
+  EXPECT_TRUE(FindCommand(20013)->toolChange && FindCommand(14008)->toolChange);
   EXPECT_FALSE(FindCommand(21017)->toolChange);
-  EXPECT_EQ(FindCommand(11001), nullptr);
 }
 
-TEST_F(Routing, FrameConsumesItsOwnAndPassesTheRestToTheActiveDocument) {
+TEST_F(Routing, FrameKeepsItsOwnCommandsPassesTheRestAndBlocksWhileBusy) {
   std::vector<uint32_t> mdi;
-  std::vector<std::string> calls;
+  Strings calls;
   shellWindows.mdiClientMessage = [&](uint32_t message) { mdi.push_back(message); };
   shellWindows.closeActiveDocument = [&] { calls.push_back("close"); };
   shellWindows.closeFrame = [&] { calls.push_back("exit"); };
   shellWindows.showAbout = [&] { calls.push_back("about"); };
   for (int id : {12000, 12001, 12003, 10000, 10001, 13001}) EXPECT_EQ(FrameCommand(id, 0), 1);
   EXPECT_EQ(mdi, (std::vector<uint32_t>{550, 551, 552}));
-  EXPECT_EQ(calls, (std::vector<std::string>{"close", "exit", "about"}));
+  EXPECT_EQ(calls, (Strings{"close", "exit", "about"}));
   EXPECT_EQ(FrameCommand(11013, 0), 0);
   EXPECT_EQ(FrameCommand(11001, 0), 0);  // no such command: not the frame's
 
@@ -56,72 +56,62 @@ TEST_F(Routing, FrameConsumesItsOwnAndPassesTheRestToTheActiveDocument) {
   });
   RouteCommand(21030, 0);  // no document: nothing happens
   EXPECT_TRUE(seen.empty());
-
   Canvas* canvas = OpenBlank(8, 4);
+  // Resizing a layer or the text dialog blocks everything; an open colour
+  // adjustment swallows even the frame's commands.
+  for (bool* flag : {&layerResizeDragging, &textDialogOpen, &colorAdjustOwnsPointer}) {
+    *flag = true;
+    RouteCommand(12000, 0);
+    RouteCommand(11013, 0);
+    *flag = false;
+  }
+  EXPECT_EQ(mdi.size(), 3u);
+  EXPECT_EQ(canvas->rulersOn, 0u);
   RouteCommand(21030, 0);
   RouteCommand(11013, 0);
-  ASSERT_EQ(seen.size(), 1u);
-  EXPECT_EQ(seen[0].first, canvas);
-  EXPECT_TRUE(seen[0].second);  // set for the length of the handler
+  EXPECT_EQ(seen, (std::vector<std::pair<Canvas*, bool>>{{canvas, true}}));  // set while it runs
   EXPECT_FALSE(commandRunning);
   EXPECT_EQ(canvas->rulersOn, 1u);
   RouteCommand(21016, 0);  // an owner that hasn't registered: nothing, and no fault
   EXPECT_EQ(seen.size(), 1u);
 }
 
-TEST_F(Routing, BlockedWhileResizingOrTextDialogAndSwallowedUnderColourAdjust) {
-  int tiles = 0;
-  shellWindows.mdiClientMessage = [&](uint32_t) { ++tiles; };
-  Canvas* canvas = OpenBlank(8, 4);
-  for (bool* flag : {&layerResizeDragging, &textDialogOpen}) {
-    *flag = true;
-    RouteCommand(12000, 0);
-    RouteCommand(11013, 0);
-    *flag = false;
-  }
-  EXPECT_EQ(tiles, 0);
-  EXPECT_EQ(canvas->rulersOn, 0u);
-  colorAdjustOwnsPointer = true;
-  EXPECT_EQ(FrameCommand(11013, 0), 1);
-  RouteCommand(11013, 0);
-  RouteCommand(12000, 0);
-  EXPECT_EQ(canvas->rulersOn, 0u);
-  EXPECT_EQ(tiles, 0);
-}
-
-TEST_F(Routing, HistoryItemsOpenTheirPathThrough10007) {
-  std::vector<std::string> opened;
+TEST_F(Routing, HistoryItemsOpenThrough10007AndClearingAsksFirst) {
+  Strings opened;
   RegisterFrameCommand(10007, [&](intptr_t lParam) {
     const std::string path = reinterpret_cast<const char*>(lParam);
     AddToFileHistory(path);  // as opening does: the history moves under the path
-    opened.push_back(reinterpret_cast<const char*>(lParam));
+    opened.push_back(path);
   });
-  AddToFileHistory("C:\\one.tsl");
-  AddToFileHistory("C:\\two.tsl");
-  AddToFileHistory("C:\\three.tsl");
+  for (const char* path : {"C:\\one.tsl", "C:\\two.tsl", "C:\\three.tsl"}) AddToFileHistory(path);
   RouteCommand(40002, 0);
-  EXPECT_EQ(opened, std::vector<std::string>{"C:\\one.tsl"});
+  EXPECT_EQ(opened, Strings{"C:\\one.tsl"});
+  EXPECT_EQ((Strings{fileHistory[0], fileHistory[1]}), (Strings{"C:\\one.tsl", "C:\\three.tsl"}));
+
+  int changes = 0;
+  shellWindows.historyChanged = [&] { ++changes; };
+  headless::Recorded().boxAnswers = {platform::IdNo, platform::IdYes};
+  RouteCommand(10011, 0);
   EXPECT_STREQ(fileHistory[0], "C:\\one.tsl");
-  EXPECT_STREQ(fileHistory[1], "C:\\three.tsl");
+  RouteCommand(10011, 0);
+  EXPECT_EQ(fileHistory[0][0], 0);
+  EXPECT_EQ(changes, 1);  // No leaves the history as it was
+  EXPECT_EQ(BoxTexts(), (Strings{"Wish to clear history?", "Wish to clear history?"}));
 }
 
 TEST_F(Routing, ZoomStaysWithinItsSteps) {
   Canvas* canvas = OpenBlank(8, 4);
   int views = 0;
   shellWindows.viewChanged = [&](Canvas*) { ++views; };
-  canvas->zoomStep = 9;
-  RouteCommand(11014, 0);
-  EXPECT_EQ(canvas->zoomStep, 10);
-  RouteCommand(11014, 0);
-  EXPECT_EQ(canvas->zoomStep, 10);
-  RouteCommand(11040, 0);
-  EXPECT_EQ(canvas->zoomStep, -3);
-  RouteCommand(11015, 0);
-  EXPECT_EQ(canvas->zoomStep, -3);
   std::string readout;
   viewWindows.showZoom = [&](const ZoomReadout& r) { readout = r.text; };
-  RouteCommand(11044, 0);
-  EXPECT_EQ(canvas->zoomStep, 1);
+  canvas->zoomStep = 9;
+  std::vector<int> steps;
+  for (int id : {11014, 11014, 11040, 11015, 11044}) {
+    RouteCommand(id, 0);
+    steps.push_back(canvas->zoomStep);
+  }
+  EXPECT_EQ(steps, (std::vector<int>{10, 10, -3, -3, 1}));
   EXPECT_EQ(views, 5);
   EXPECT_EQ(readout, "150%");  // the view's SetZoom did the change
   viewWindows = ViewWindows{};
@@ -136,39 +126,42 @@ TEST_F(Routing, NewMakesABlankDocumentOrReports1303) {
     return 1;
   };
   settings.lastNewWidth = 64;
-  settings.lastNewHeight = 48;
   RouteCommand(10002, 0);
   EXPECT_EQ(shownWidth, 64);  // the dialog opened with the last size
   ASSERT_EQ(open.size(), 1u);
-  EXPECT_EQ(CanvasRequest.layerCount, 1);
-  EXPECT_EQ(CanvasRequest.planeCount[0], 2);
-  EXPECT_EQ(CanvasRequest.mode, 0);
-  EXPECT_EQ(open[0]->canvasWidth, 30);
-  EXPECT_EQ(open[0]->canvasHeight, 20);
+  EXPECT_EQ(std::tie(CanvasRequest.layerCount, CanvasRequest.planeCount[0], CanvasRequest.mode),
+            std::make_tuple(1, 2, 0));
+  EXPECT_EQ(std::tie(open[0]->canvasWidth, open[0]->canvasHeight), std::make_tuple(30, 20));
   EXPECT_NE(open[0]->planes[2].plane, nullptr);
 
   shellWindows.newDialog = [](NewCanvasFields&) { return 0; };
   RouteCommand(10002, 0);
   EXPECT_EQ(open.size(), 1u);
   EXPECT_TRUE(headless::Recorded().boxes.empty());
-
   shellWindows.newDialog = [](NewCanvasFields&) { return 1; };
   shellWindows.createDocument = [] { return 0; };
   RouteCommand(10002, 0);
-  EXPECT_EQ(BoxTexts(), std::vector<std::string>{"Making new file failed!"});
+  EXPECT_EQ(BoxTexts(), Strings{"Making new file failed!"});
 }
 
-TEST_F(Routing, CloseAllStopsAtTheFirstRefusal) {
-  Canvas* first = OpenBlank(4, 4);
+TEST_F(Routing, CloseAllAndFrameClosingStopAtTheFirstRefusal) {
+  OpenBlank(4, 4);
   Canvas* second = OpenBlank(4, 4);
   Canvas* third = OpenBlank(4, 4);
-  second->modified = 1;
-  third->modified = 1;
+  second->modified = third->modified = 1;
   headless::Recorded().boxAnswers = {platform::IdCancel};
   RouteCommand(12002, 0);
   EXPECT_EQ(open, (std::vector<Canvas*>{second, third}));  // third was never asked
-  EXPECT_EQ(BoxTexts(), std::vector<std::string>{"Save changes to the file?"});
-  (void)first;
+  EXPECT_EQ(BoxTexts(), Strings{"Save changes to the file?"});
+
+  // Closing the frame saves the settings even when a document stays.
+  TempFolder folder;
+  headless::Recorded().boxAnswers = {platform::IdCancel};
+  EXPECT_EQ(FrameClosing({0, 10, 20, 500, 300}, folder.path()), 0);
+  EXPECT_EQ(std::tie(settings.framePosition, settings.frameSize),
+            std::make_tuple(20 << 16 | 10, 300 << 16 | 500));
+  EXPECT_TRUE(folder.Exists("env__.env"));
+  EXPECT_EQ(open.size(), 2u);
 
   // Yes saves; a save that leaves the picture modified keeps it open.
   headless::Recorded().boxAnswers = {platform::IdYes};
@@ -182,32 +175,6 @@ TEST_F(Routing, CloseAllStopsAtTheFirstRefusal) {
   EXPECT_EQ(ActiveCanvas(), nullptr);
 }
 
-TEST_F(Routing, FrameClosingSavesSettingsEvenWhenADocumentStays) {
-  TempFolder folder;
-  Canvas* canvas = OpenBlank(4, 4);
-  canvas->modified = 1;
-  headless::Recorded().boxAnswers = {platform::IdCancel};
-  EXPECT_EQ(FrameClosing({0, 10, 20, 500, 300}, folder.path()), 0);
-  EXPECT_EQ(settings.framePosition, 20 << 16 | 10);
-  EXPECT_EQ(settings.frameSize, 300 << 16 | 500);
-  EXPECT_TRUE(std::filesystem::exists(folder / "env__.env"));
-  EXPECT_EQ(open.size(), 1u);
-}
-
-TEST_F(Routing, ClearHistoryAsksFirst) {
-  int changes = 0;
-  shellWindows.historyChanged = [&] { ++changes; };
-  AddToFileHistory("C:\\a.tsl");
-  headless::Recorded().boxAnswers = {platform::IdNo, platform::IdYes};
-  RouteCommand(10011, 0);
-  EXPECT_STREQ(fileHistory[0], "C:\\a.tsl");
-  RouteCommand(10011, 0);
-  EXPECT_EQ(fileHistory[0][0], 0);
-  EXPECT_EQ(changes, 2);
-  EXPECT_EQ(BoxTexts(),
-            (std::vector<std::string>{"Wish to clear history?", "Wish to clear history?"}));
-}
-
 TEST_F(Routing, ClearingCommandsAskTheirQuestionsFirst) {
   Canvas* canvas = OpenBlank(3, 2);
   int snapshots = 0;
@@ -216,58 +183,48 @@ TEST_F(Routing, ClearingCommandsAskTheirQuestionsFirst) {
   Plane* transparency = canvas->planes[2].plane;
   PlaneStore.WritePixel8(mask, 2, 1, 77);
   PlaneStore.WritePixel8(transparency, 0, 0, 5);
+  auto sum = [&](int x, int y) {
+    uint32_t r, g, b;
+    PlaneStore.ReadPixel24(canvas->planes[0].plane, x, y, &r, &g, &b);
+    return r + g + b;
+  };
 
   headless::Recorded().boxAnswers = {platform::IdCancel, platform::IdOk, platform::IdOk};
   RouteCommand(21013, 0);
-  EXPECT_EQ(Byte8(mask, 2, 1), 77u);
-  EXPECT_EQ(canvas->modified, 0u);
+  EXPECT_EQ(std::make_tuple(Byte8(mask, 2, 1), canvas->modified), std::make_tuple(77u, 0u));
   RouteCommand(21013, 0);
-  EXPECT_EQ(Byte8(mask, 2, 1), 0u);
   RouteCommand(21014, 0);
-  EXPECT_EQ(Byte8(transparency, 0, 0), 255u);
-  EXPECT_EQ(canvas->modified, 1u);
-  EXPECT_EQ(snapshots, 2);
-
+  EXPECT_EQ(std::make_tuple(Byte8(mask, 2, 1), Byte8(transparency, 0, 0)),
+            std::make_tuple(0u, 255u));
+  EXPECT_EQ(std::tie(canvas->modified, snapshots), std::make_tuple(1u, 2));
   RouteCommand(21015, 0);  // Negative asks nothing: white turns black
-  uint32_t r, g, b;
-  PlaneStore.ReadPixel24(canvas->planes[0].plane, 1, 1, &r, &g, &b);
-  EXPECT_EQ(r + g + b, 0u);
-
+  EXPECT_EQ(sum(1, 1), 0u);
   shellWindows.blankSheetDialog = [](BlankSheetChoice& choice) {
     choice.kind = BlankSheetKind::White;
     return 1;
   };
   RouteCommand(21012, 0);
-  PlaneStore.ReadPixel24(canvas->planes[0].plane, 2, 0, &r, &g, &b);
-  EXPECT_EQ(r + g + b, 765u);
-
+  EXPECT_EQ(sum(2, 0), 765u);
   canvas->activePlane = 1;  // a plane that isn't an image: the plain question
   PlaneStore.WritePixel8(mask, 0, 0, 9);
   headless::Recorded().boxAnswers = {platform::IdOk};
   RouteCommand(21012, 0);
   EXPECT_EQ(Byte8(mask, 0, 0), 0u);
-  EXPECT_EQ(BoxTexts(), (std::vector<std::string>{"Mask will be cleared.", "Mask will be cleared.",
-                                                  "Transparency will be cleared.",
-                                                  "This Plane will be cleared."}));
+  EXPECT_EQ(BoxTexts(), (Strings{"Mask will be cleared.", "Mask will be cleared.",
+                                 "Transparency will be cleared.", "This Plane will be cleared."}));
   EXPECT_EQ(snapshots, 5);
 }
 
-TEST_F(Routing, RowCacheTestCommandsWidenAndNarrowTheActiveLayer) {
+TEST_F(Routing, CanvasTogglesAndTheOutsideDisplay) {
   settings.imageBuffer = Virtual;
   Canvas* canvas = OpenBlank(4, 4);
-  RouteCommand(24000, 0);
+  RouteCommand(24000, 0);  // the row cache test commands
   for (int position : {0, 1, 2}) EXPECT_EQ(canvas->planes[position].plane->rowCacheSize, 100u);
   RouteCommand(24001, 0);
   EXPECT_EQ(canvas->planes[2].plane->rowCacheSize, 4u);
-  const auto& boxes = headless::Recorded().boxes;
-  ASSERT_EQ(boxes.size(), 2u);
-  EXPECT_EQ(boxes[0].text, "キャッシュOn");
-  EXPECT_EQ(boxes[1].text, "キャッシュOff");
-  EXPECT_EQ(boxes[1].caption, "test");
-}
+  ASSERT_EQ(BoxTexts(), (Strings{"キャッシュOn", "キャッシュOff"}));
+  EXPECT_EQ(headless::Recorded().boxes[1].caption, "test");
 
-TEST_F(Routing, DoubleAccuracyAndTheOutsideDisplay) {
-  Canvas* canvas = OpenBlank(4, 4);
   std::string title;
   shellWindows.setTitle = [&](Canvas*, const std::string& text) { title = text; };
   RouteCommand(21024, 0);
@@ -277,14 +234,12 @@ TEST_F(Routing, DoubleAccuracyAndTheOutsideDisplay) {
   RouteCommand(21024, 0);
   EXPECT_EQ(canvas->planes[0].accuracyPlane, nullptr);
 
-  RouteCommand(23001, 0);
-  EXPECT_EQ(settings.outsideDisplay, 1);
   std::vector<int> steps;
-  for (int i = 0; i < 3; ++i) {
-    RouteCommand(23010, 0);
+  for (int id : {23001, 23010, 23010, 23010}) {
+    RouteCommand(id, 0);
     steps.push_back(settings.outsideDisplay);
   }
-  EXPECT_EQ(steps, (std::vector<int>{2, 0, 1}));
+  EXPECT_EQ(steps, (std::vector<int>{1, 2, 0, 1}));
   RouteCommand(11017, 0);
   EXPECT_EQ(settings.darkenOutsideBoundary, 1);
 }
@@ -298,13 +253,12 @@ TEST_F(Routing, AdjustWindowSizeFitsTheZoomedCanvasSendingTheDoubleFirst) {
   shellWindows.sendDocumentSize = [&](Canvas*, int w, int h) { sizes.push_back({w, h}); };
   canvas->zoomStep = 1;  // 150 %: 150 x 90
   RouteCommand(12004, 0);
-  // 150 + 4 x 8 + 2 x 4 = 190; 90 + 4 x 8 + 20 + 2 x 4 = 150.
-  EXPECT_EQ(moves, (std::vector<std::pair<int, int>>{{380, 300}, {190, 150}}));
-  moves.clear();
-  canvas->zoomStep = -1;  // "75%" is 2/3: 66 x 40
+  canvas->zoomStep = -1;  // "75%" is 2/3: 66 x 40, within an MDI client 90 wide
   frame.mdiWidth = 90;
   RouteCommand(12004, 0);
-  EXPECT_EQ(moves, (std::vector<std::pair<int, int>>{{180, 200}, {90, 100}}));
+  // 150 + 4 x 8 + 2 x 4 = 190; 90 + 4 x 8 + 20 + 2 x 4 = 150.
+  EXPECT_EQ(moves,
+            (std::vector<std::pair<int, int>>{{380, 300}, {190, 150}, {180, 200}, {90, 100}}));
   frame = {1, 300, 200, 4, 20, 1000, 1000};
   RouteCommand(12004, 0);
   EXPECT_EQ(sizes, (std::vector<std::pair<int, int>>{{600, 400}, {300, 200}}));
@@ -321,8 +275,7 @@ TEST_F(Routing, ToolChangeStoresTheDraftAndGoesBackWhenTheToolCantStart) {
   };
   RouteCommand(20001, 0);
   RouteCommand(20000, 0);
-  EXPECT_EQ(currentTool, 20000);
-  EXPECT_EQ(lastDraftTool, 20001);
+  EXPECT_EQ(std::tie(currentTool, lastDraftTool), std::make_tuple(20000, 20001));
   EXPECT_EQ(stored, (std::vector<Canvas*>{canvas, canvas}));
   EXPECT_EQ(buttons, (std::vector<std::pair<int, int>>{{20005, 20001}, {20001, 20000}}));
   EXPECT_EQ(headless::MessagesTo(platform::Window::StatusBar, 1024).size(), 2u);
@@ -333,16 +286,14 @@ TEST_F(Routing, ToolChangeStoresTheDraftAndGoesBackWhenTheToolCantStart) {
     return 0;
   });
   RouteCommand(14001, 0);
-  EXPECT_EQ(kind, 0);
-  EXPECT_EQ(currentTool, 20000);
+  EXPECT_EQ(std::tie(kind, currentTool), std::make_tuple(0, 20000));
 
   // Smooth Zoom in force: the command ends it instead of changing the tool.
   int ended = 0;
   RegisterFrameCommand(20507, [&](intptr_t) { ++ended; });
   canvas->smoothZoom = 1;
   RouteCommand(20507, 0);
-  EXPECT_EQ(ended, 1);
-  EXPECT_EQ(currentTool, 20000);
+  EXPECT_EQ(std::tie(ended, currentTool), std::make_tuple(1, 20000));
   canvas->smoothZoom = 0;
   RouteCommand(20507, 0);
   EXPECT_EQ(currentTool, 20507);

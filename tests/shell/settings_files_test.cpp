@@ -4,13 +4,14 @@
 
 #include <cstring>
 #include <memory>
+#include <utility>
 
 #include "platform/headless/headless.h"
 #include "settings/default_settings.h"
 #include "settings/settings.h"
 #include "shell/file_history.h"
-#include "shell/tool_bar_table.h"
 #include "shell/temp_folder.h"
+#include "shell/tool_bar_table.h"
 
 namespace {
 
@@ -18,21 +19,23 @@ constexpr size_t kRecordBytes = 366192;
 constexpr size_t kToolButtonOffOffset = 364220;
 constexpr int kToolRows = 39;  // rows of the tool bar before its end mark
 
+// Offsets of the words that load clamps.
+constexpr size_t kSelectionHistorySize = 364160, kUndoCount = 364196, kPositionSmoothing = 364696,
+                 kImageBuffer = 364724, kWorkBuffer = 364732, kPenStrength = 364636,
+                 kSize40to600 = 365124, kLastNewWidth = 365128, kLastNewHeight = 365132;
+
 using Bytes = std::vector<uint8_t>;
 
-void PutWord(Bytes& bytes, size_t offset, int32_t value) {
-  uint32_t v = static_cast<uint32_t>(value);
-  for (int k = 0; k < 4; ++k) bytes[offset + k] = static_cast<uint8_t>(v >> (8 * k));
+void PutWords(Bytes& bytes, std::initializer_list<std::pair<size_t, int32_t>> words) {
+  for (auto [offset, value] : words)
+    for (int k = 0; k < 4; ++k)
+      bytes[offset + k] = static_cast<uint8_t>(static_cast<uint32_t>(value) >> (8 * k));
 }
 
 Bytes LiveRecord() {
   const uint8_t* at = reinterpret_cast<const uint8_t*>(&settings);
   return Bytes(at, at + kRecordBytes);
 }
-
-void SetLiveRecord(const Bytes& bytes) { std::memcpy(&settings, bytes.data(), kRecordBytes); }
-
-Bytes Filled(uint8_t value) { return Bytes(kRecordBytes, value); }
 
 // Compares byte for byte and names the first offset that differs.
 void ExpectRecord(const Bytes& expected, const Bytes& actual) {
@@ -45,16 +48,17 @@ void ExpectRecord(const Bytes& expected, const Bytes& actual) {
     }
 }
 
-// The words that every load sets, whatever was read: the forced values.
+// The words that every load sets, whatever was read: the forced values
+// (undoBuffer, noMaskPlane, noTransparencyPlane and three more), the end of
+// the icon set name, and the transient paths.
 void PutForcedValues(Bytes& bytes) {
-  PutWord(bytes, 364728, 0);  // undoBuffer
-  PutWord(bytes, 364628, 0);  // noMaskPlane
-  PutWord(bytes, 364632, 0);  // noTransparencyPlane
-  PutWord(bytes, 364208, 1);
-  PutWord(bytes, 364212, 0);
-  PutWord(bytes, 364656, 0);
-  bytes[365123] = 0;  // the icon set name always ends
-  std::fill(bytes.begin() + 365680, bytes.end(), 0);  // the transient paths
+  PutWords(bytes, {{364728, 0}, {364628, 0}, {364632, 0}, {364208, 1}, {364212, 0}, {364656, 0}});
+  bytes[365123] = 0;
+  std::fill(bytes.begin() + 365680, bytes.end(), 0);
+}
+
+void ExpectToolBar(bool (*shown)(int row)) {
+  for (int row = 0; row < kToolRows; ++row) EXPECT_EQ(shown(row), toolItems[row].shown != 0) << row;
 }
 
 class SettingsFilesTest : public ::testing::Test {
@@ -70,22 +74,22 @@ TEST_F(SettingsFilesTest, SavedRecordLoadsBackWithOnlyTheRulesApplied) {
   Bytes record(kRecordBytes);
   for (size_t i = 0; i < kRecordBytes; ++i) record[i] = static_cast<uint8_t>((i * 131 + 7) % 251);
   // One side of each clamp, and every forced word holding the other value.
-  PutWord(record, 364160, 101);    // selectionHistorySize
-  PutWord(record, 364196, 11);     // undoCount
-  PutWord(record, 364696, 0);      // positionSmoothing
-  PutWord(record, 364724, 2);      // imageBuffer
-  PutWord(record, 364732, -1);     // workBuffer
-  PutWord(record, 364728, 1);      // undoBuffer
-  PutWord(record, 364628, 1);
-  PutWord(record, 364632, 1);
-  PutWord(record, 364208, 0);
-  PutWord(record, 364212, 1);
-  PutWord(record, 364656, 1);
-  PutWord(record, 364636, 15);     // penStrength
-  PutWord(record, 365124, 601);
-  PutWord(record, 365128, 9);      // lastNewWidth
-  PutWord(record, 365132, 10241);  // lastNewHeight
-  SetLiveRecord(record);
+  PutWords(record, {{kSelectionHistorySize, 101},
+                    {kUndoCount, 11},
+                    {kPositionSmoothing, 0},
+                    {kImageBuffer, 2},
+                    {kWorkBuffer, -1},
+                    {kPenStrength, 15},
+                    {kSize40to600, 601},
+                    {kLastNewWidth, 9},
+                    {kLastNewHeight, 10241},
+                    {364728, 1},
+                    {364628, 1},
+                    {364632, 1},
+                    {364208, 0},
+                    {364212, 1},
+                    {364656, 1}});
+  std::memcpy(&settings, record.data(), kRecordBytes);
   for (int row = 0; row < kToolRows; ++row) toolItems[row].shown = row % 3 != 0;
   std::filesystem::create_directories(folder / "palette");
   std::strcpy(fileHistory[0], "C:\\a.tsl");
@@ -95,11 +99,10 @@ TEST_F(SettingsFilesTest, SavedRecordLoadsBackWithOnlyTheRulesApplied) {
   EXPECT_STREQ("C:\\a.tsl", reinterpret_cast<const char*>(folder.Read("fhist.dat").data()));
   for (const char* list : {"pensize.dat", "canvsize.dat", "tlist00.dat", "tlist01.dat"})
     EXPECT_TRUE(folder.Exists(list)) << list;
-
   // The file is the record, with the tool bar stored as the complement.
   Bytes saved = record;
   for (int row = 0; row < kToolRows; ++row)
-    PutWord(saved, kToolButtonOffOffset + 4 * row, row % 3 == 0 ? 1 : 0);
+    PutWords(saved, {{kToolButtonOffOffset + 4 * row, row % 3 == 0}});
   ExpectRecord(saved, folder.Read("env__.env"));
   EXPECT_EQ(Bytes(record.begin() + 660, record.begin() + 660 + 363488),
             folder.Read("palette/pal.dat"));
@@ -107,20 +110,18 @@ TEST_F(SettingsFilesTest, SavedRecordLoadsBackWithOnlyTheRulesApplied) {
   std::memset(&settings, 0, sizeof settings);
   for (int row = 0; row < kToolRows; ++row) toolItems[row].shown = 7;
   EXPECT_EQ(1, LoadSettings(folder.path()));
-
-  Bytes expected = saved;
-  PutForcedValues(expected);
-  PutWord(expected, 364160, 100);
-  PutWord(expected, 364196, 10);
-  PutWord(expected, 364696, 1);
-  PutWord(expected, 364724, 1);
-  PutWord(expected, 364732, 0);
-  PutWord(expected, 364636, 16);
-  PutWord(expected, 365124, 600);
-  PutWord(expected, 365128, 640);
-  PutWord(expected, 365132, 10240);
-  ExpectRecord(expected, LiveRecord());
-  for (int row = 0; row < kToolRows; ++row) EXPECT_EQ(row % 3 != 0, toolItems[row].shown) << row;
+  PutForcedValues(saved);
+  PutWords(saved, {{kSelectionHistorySize, 100},
+                   {kUndoCount, 10},
+                   {kPositionSmoothing, 1},
+                   {kImageBuffer, 1},
+                   {kWorkBuffer, 0},
+                   {kPenStrength, 16},
+                   {kSize40to600, 600},
+                   {kLastNewWidth, 640},
+                   {kLastNewHeight, 10240}});
+  ExpectRecord(saved, LiveRecord());
+  ExpectToolBar([](int row) { return row % 3 != 0; });
   EXPECT_EQ(kToolListEnd, toolItems[kToolRows].command);
   EXPECT_STREQ("C:\\a.tsl", fileHistory[0]);
 }
@@ -128,97 +129,76 @@ TEST_F(SettingsFilesTest, SavedRecordLoadsBackWithOnlyTheRulesApplied) {
 TEST_F(SettingsFilesTest, WithoutFilesTheZeroRecordIsClamped) {
   std::strcpy(fileHistory[0], "C:\\old.tsl");
   EXPECT_EQ(0, LoadSettings(folder.path()));  // no palette file
-
-  Bytes expected = Filled(0);
+  Bytes expected(kRecordBytes, 0);
   PutForcedValues(expected);
-  PutWord(expected, 364160, 5);
-  PutWord(expected, 364696, 1);
-  PutWord(expected, 364636, 16);
-  PutWord(expected, 365124, 40);
-  PutWord(expected, 365128, 640);
-  PutWord(expected, 365132, 480);
+  PutWords(expected, {{kSelectionHistorySize, 5},
+                      {kPositionSmoothing, 1},
+                      {kPenStrength, 16},
+                      {kSize40to600, 40},
+                      {kLastNewWidth, 640},
+                      {kLastNewHeight, 480}});
   ExpectRecord(expected, LiveRecord());
-  EXPECT_EQ(0, settings.undoCount);
-  for (int row = 0; row < kToolRows; ++row) EXPECT_EQ(1, toolItems[row].shown) << row;
+  ExpectToolBar([](int) { return true; });
   EXPECT_STREQ("", fileHistory[0]);
 }
 
 TEST_F(SettingsFilesTest, ShippedFileIsReadOnlyWithoutTheUsersFile) {
-  Bytes shipped = Filled(0);
-  PutWord(shipped, 364724, 7);   // imageBuffer: reads as 1
-  PutWord(shipped, 364728, 1);   // undoBuffer: reads as 0
-  // Values on the limits stand.
-  PutWord(shipped, 364160, 5);
-  PutWord(shipped, 364196, 10);
-  PutWord(shipped, 364696, 20);
-  PutWord(shipped, 364732, 1);
-  PutWord(shipped, 364636, 200);
-  PutWord(shipped, 365124, 40);
-  PutWord(shipped, 365128, 10);
-  PutWord(shipped, 365132, 10240);
+  // Values on the limits stand; forced words read as forced.
+  Bytes shipped(kRecordBytes, 0);
+  PutWords(shipped, {{kImageBuffer, 7},
+                     {364728, 1},
+                     {kSelectionHistorySize, 5},
+                     {kUndoCount, 10},
+                     {kPositionSmoothing, 20},
+                     {kWorkBuffer, 1},
+                     {kPenStrength, 200},
+                     {kSize40to600, 40},
+                     {kLastNewWidth, 10},
+                     {kLastNewHeight, 10240}});
   folder.Write("env__2.env", shipped);
-
   LoadSettings(folder.path());
-  EXPECT_EQ(1, settings.imageBuffer);
-  EXPECT_EQ(0, settings.undoBuffer);
-  EXPECT_EQ(5, settings.selectionHistorySize);
-  EXPECT_EQ(10, settings.undoCount);
-  EXPECT_EQ(20, settings.positionSmoothing);
-  EXPECT_EQ(1, settings.workBuffer);
-  EXPECT_EQ(200, settings.penStrength);
-  EXPECT_EQ(40, settings.size40to600);
-  EXPECT_EQ(10, settings.lastNewWidth);
-  EXPECT_EQ(10240, settings.lastNewHeight);
+  Bytes expected = shipped;
+  PutForcedValues(expected);
+  PutWords(expected, {{kImageBuffer, 1}});
+  ExpectRecord(expected, LiveRecord());
 
-  Bytes users = Filled(0);
-  PutWord(users, 364196, 3);
+  Bytes users(kRecordBytes, 0);
+  PutWords(users, {{kUndoCount, 3}});
   folder.Write("env__.env", users);
   LoadSettings(folder.path());
-  EXPECT_EQ(3, settings.undoCount);
-  EXPECT_EQ(0, settings.imageBuffer);
+  EXPECT_EQ(std::tie(settings.undoCount, settings.imageBuffer), std::make_tuple(3, 0));
 }
 
-TEST_F(SettingsFilesTest, ShortFileLeavesTheRestOfTheRecord) {
-  SetLiveRecord(Filled(0x11));
+TEST_F(SettingsFilesTest, ShortFilesLeaveTheRestOfTheRecordAndThePalette) {
+  std::memset(&settings, 0x11, kRecordBytes);
   folder.Write("env__.env", Bytes(1000, 0xAB));
-  LoadSettings(folder.path());
-
-  Bytes expected = Filled(0x11);
-  std::fill(expected.begin(), expected.begin() + 1000, 0xAB);
-  PutForcedValues(expected);
-  PutWord(expected, 364160, 100);
-  PutWord(expected, 364196, 10);
-  PutWord(expected, 364724, 1);
-  PutWord(expected, 364732, 1);
-  PutWord(expected, 364636, 200);
-  PutWord(expected, 365124, 600);
-  PutWord(expected, 365128, 10240);
-  PutWord(expected, 365132, 10240);
-  ExpectRecord(expected, LiveRecord());
-  for (int row = 0; row < kToolRows; ++row) EXPECT_EQ(0, toolItems[row].shown) << row;
-}
-
-TEST_F(SettingsFilesTest, PaletteFileIsReadOverItsArea) {
-  std::memset(settings.paletteArea, 0x5A, sizeof settings.paletteArea);
   Bytes palette(328544 + 2 * 312 + 100);  // the block, two cells and a part
   for (size_t i = 0; i < palette.size(); ++i) palette[i] = static_cast<uint8_t>(i * 7 + i / 256);
   folder.Write("palette/pal.dat", palette);
-
   EXPECT_EQ(1, LoadSettings(folder.path()));
-  Bytes area(settings.paletteArea, settings.paletteArea + 363488);
-  Bytes expected = palette;
-  expected.resize(363488, 0x5A);
-  EXPECT_EQ(expected, area);
+
+  Bytes expected(kRecordBytes, 0x11);
+  std::fill(expected.begin(), expected.begin() + 1000, 0xAB);
+  std::copy(palette.begin(), palette.end(), expected.begin() + 660);
+  PutForcedValues(expected);
+  PutWords(expected, {{kSelectionHistorySize, 100},
+                      {kUndoCount, 10},
+                      {kImageBuffer, 1},
+                      {kWorkBuffer, 1},
+                      {kPenStrength, 200},
+                      {kSize40to600, 600},
+                      {kLastNewWidth, 10240},
+                      {kLastNewHeight, 10240}});
+  ExpectRecord(expected, LiveRecord());
+  ExpectToolBar([](int) { return false; });
 }
 
 TEST_F(SettingsFilesTest, NothingIsWrittenWhenTheSettingsFileCantBeCreated) {
   std::filesystem::create_directories(folder / "env__.env");  // a folder in its way
   std::filesystem::create_directories(folder / "palette");
   EXPECT_EQ(0, SaveSettings(folder.path()));
-  EXPECT_FALSE(folder.Exists("fhist.dat"));
-  EXPECT_FALSE(folder.Exists("palette/pal.dat"));
-  EXPECT_FALSE(folder.Exists("pensize.dat"));
-  EXPECT_FALSE(folder.Exists("tlist00.dat"));
+  for (const char* name : {"fhist.dat", "palette/pal.dat", "pensize.dat", "tlist00.dat"})
+    EXPECT_FALSE(folder.Exists(name)) << name;
 }
 
 TEST_F(SettingsFilesTest, ShippedFileHoldsTheDefaults) {
@@ -226,15 +206,13 @@ TEST_F(SettingsFilesTest, ShippedFileHoldsTheDefaults) {
   ASSERT_EQ(kRecordBytes, shipped.size());
   folder.Write("env__2.env", shipped);
   LoadSettings(folder.path());
-
   auto defaults = std::make_unique<Settings>();
   DefaultSettings(*defaults);
   const uint8_t* at = reinterpret_cast<const uint8_t*>(defaults.get());
   ExpectRecord(Bytes(at, at + kRecordBytes), LiveRecord());
-
   // The tool bar's icons come from the icon set that ships.
   EXPECT_STREQ("standard", settings.iconSetName);
-  for (int row = 0; row < kToolRows; ++row) EXPECT_EQ(1, toolItems[row].shown) << row;
+  ExpectToolBar([](int) { return true; });
 }
 
 }  // namespace
