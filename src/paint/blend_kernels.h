@@ -21,6 +21,9 @@ struct BlendRows {
   uint8_t* destLow;       // low bytes of dest, 16-bit blend only
   uint8_t* transparency;  // the layer's transparency, blended in place
   int count;
+  // Every row has slack (dab_rows.h), not only dest, destLow and
+  // transparency, which always have.
+  bool slack = false;
 };
 
 // Runs Pixels<How, Dropout>::Run with the case fixed at compile time, so

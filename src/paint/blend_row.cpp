@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "paint/blend_kernels.h"
+#include "paint/blend_target.h"
 #include "paint/pen_modes.h"
 #include "paint/pen_record.h"
 #include "paint/pen_rows.h"
@@ -23,46 +23,84 @@ bool RowOnCanvas(const Canvas* canvas, int y, int x0, int x1) {
 
 }  // namespace
 
+BlendTarget TargetOf(Canvas* canvas, int kind) {
+  PlaneSlot& slot = ActiveSlot(canvas);
+  const bool image = ActiveIsImage(canvas);
+  const bool useTransparency =
+      image && canvas->planes[ActiveLayerBase(canvas) + kTransparencyPosition].plane &&
+      kind != kBlendColorOnly && !protectTransparency;
+  const TransparencyBlend how = !useTransparency        ? TransparencyBlend::None
+                                : kind == kBlendReplace ? TransparencyBlend::Replace
+                                                        : TransparencyBlend::Over;
+  return BlendTarget{canvas,
+                     &slot,
+                     image,
+                     slot.accuracyPlane != nullptr,
+                     how,
+                     std::min(pen.colorThickness, 255u),
+                     std::min(pen.density, 255u)};
+}
+
+bool TakesRow(const BlendTarget& target, int y, int x0, int x1) {
+  const int count = x1 - x0 + 1;
+  return target.slot->plane && count >= 1 && count <= kPenRowPixels &&
+         RowOnPlane(*target.slot, y, x0, x1) && RowOnCanvas(target.canvas, y, x0, x1);
+}
+
+void ReadTargetRows(const BlendTarget& target, int y0, int n, const bool* taken, int x0, int x1,
+                    const TargetRows& rows, int stride) {
+  Canvas* canvas = target.canvas;
+  for (int i = 0; i < n; ++i)
+    if (taken[i]) ReadImageRow(canvas, y0 + i, x0, x1, rows.dest + size_t(3) * i * stride);
+  if (target.accurate)
+    for (int i = 0; i < n; ++i)
+      if (taken[i]) ReadImageRowLow(canvas, y0 + i, x0, x1, rows.destLow + size_t(3) * i * stride);
+  if (target.how != TransparencyBlend::None)
+    for (int i = 0; i < n; ++i)
+      if (taken[i])
+        ReadLayerPlaneRow(canvas, y0 + i, x0, x1, rows.transparency + size_t(i) * stride,
+                          kTransparencyPosition);
+}
+
+void ReadTargetRow(const BlendTarget& target, int y, int x0, int x1, const TargetRows& rows) {
+  const bool taken = true;
+  ReadTargetRows(target, y, 1, &taken, x0, x1, rows, 0);
+}
+
+void BlendTargetRow(const BlendTarget& target, const uint8_t* source, const uint8_t* tipHigh,
+                    const uint8_t* tipLow, const uint8_t* sourceOpacity, const uint8_t* protect,
+                    const TargetRows& rows, int count, bool slack) {
+  const BlendRows blend{source,       tipHigh,           tipLow, sourceOpacity, protect, rows.dest,
+                        rows.destLow, rows.transparency, count,  slack};
+  if (target.accurate)
+    Blend16(blend, target.how, target.thickness, target.density);
+  else
+    Blend8(blend, target.how, target.thickness, target.density);
+}
+
+void WriteTargetRow(const BlendTarget& target, int y, int x0, int x1, const TargetRows& rows) {
+  WriteImageRow(target.canvas, y, x0, x1, rows.dest);
+  if (target.accurate) WriteImageRowLow(target.canvas, y, x0, x1, rows.destLow);
+  if (target.how != TransparencyBlend::None)
+    WriteLayerPlaneRow(target.canvas, y, x0, x1, rows.transparency, kTransparencyPosition);
+}
+
 void BlendRow(Canvas* canvas, const uint8_t* sourceRow, const uint8_t* tipHighRow,
               const uint8_t* tipLowRow, const uint8_t* sourceOpacityRow, uint8_t* protectRow,
               int kind, int y, int x0, int x1, int addProtection) {
-  PlaneSlot& slot = ActiveSlot(canvas);
+  const BlendTarget target = TargetOf(canvas, kind);
+  if (!TakesRow(target, y, x0, x1)) return;
   const int count = x1 - x0 + 1;
-  if (!slot.plane || count < 1 || count > kPenRowPixels) return;
-  if (!RowOnPlane(slot, y, x0, x1) || !RowOnCanvas(canvas, y, x0, x1)) return;
-  const bool image = ActiveIsImage(canvas);
   if (addProtection) {
-    if (image) ReadProtectionRow(canvas, y, x0, x1, protectRow, ActiveLayerBase(canvas));
+    if (target.image) ReadProtectionRow(canvas, y, x0, x1, protectRow, ActiveLayerBase(canvas));
     if (maskOutsideSelection) {
       ReadSelectionBytes(canvas, y, x0, x1, selectionRow);
       OrRow(protectRow, selectionRow, count);
     }
   }
-
-  const bool useTransparency =
-      image && canvas->planes[ActiveLayerBase(canvas) + kTransparencyPosition].plane &&
-      kind != kBlendColorOnly && !protectTransparency;
-  TransparencyBlend how = !useTransparency        ? TransparencyBlend::None
-                          : kind == kBlendReplace ? TransparencyBlend::Replace
-                                                  : TransparencyBlend::Over;
-  const bool accurate = slot.accuracyPlane != nullptr;
-  BlendRows rows{sourceRow,  tipHighRow,      tipLowRow,          sourceOpacityRow,
-                 protectRow, PenRows.destRow, PenRows.destLowRow, PenRows.transparencyRow,
-                 count};
-  ReadImageRow(canvas, y, x0, x1, PenRows.destRow);
-  if (accurate) ReadImageRowLow(canvas, y, x0, x1, PenRows.destLowRow);
-  if (useTransparency)
-    ReadLayerPlaneRow(canvas, y, x0, x1, PenRows.transparencyRow, kTransparencyPosition);
-
-  const unsigned thickness = std::min(pen.colorThickness, 255u);
-  const unsigned density = std::min(pen.density, 255u);
-  if (accurate)
-    Blend16(rows, how, thickness, density);
-  else
-    Blend8(rows, how, thickness, density);
-
-  WriteImageRow(canvas, y, x0, x1, PenRows.destRow);
-  if (accurate) WriteImageRowLow(canvas, y, x0, x1, PenRows.destLowRow);
-  if (useTransparency)
-    WriteLayerPlaneRow(canvas, y, x0, x1, PenRows.transparencyRow, kTransparencyPosition);
+  const TargetRows rows{PenRows.destRow, PenRows.destLowRow, PenRows.transparencyRow};
+  ReadTargetRow(target, y, x0, x1, rows);
+  BlendTargetRow(target, sourceRow, tipHighRow, tipLowRow, sourceOpacityRow, protectRow, rows,
+                 count, false);
+  WriteTargetRow(target, y, x0, x1, rows);
 }

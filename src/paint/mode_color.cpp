@@ -13,9 +13,8 @@ void Invert(uint8_t* row, int count) {
   for (int i = 0; i < count; ++i) row[i] = uint8_t(255 - row[i]);
 }
 
-void FillColor(uint8_t* row, int count) {
-  const uint8_t pixel[3] = {uint8_t(pen.blue), uint8_t(pen.green), uint8_t(pen.red)};
-  for (int i = 0; i < count; ++i) std::memcpy(row + 3 * i, pixel, 3);
+bool PatternActive() {
+  return pen.patternActive && pen.patternImage && pen.patternImage->bits == 24;
 }
 
 // The pattern moves with the dab when it is the tip itself; otherwise it is
@@ -33,6 +32,20 @@ void PatternRow(const ModeRows& rows, const RowSpan& span, const DabBox& box) {
 
 }  // namespace
 
+// Four pixels at a time, then one by one.
+void FillColor(uint8_t* row, int count) {
+  const uint8_t pixel[3] = {uint8_t(pen.blue), uint8_t(pen.green), uint8_t(pen.red)};
+  uint8_t four[12];
+  for (int k = 0; k < 4; ++k) std::memcpy(four + 3 * k, pixel, 3);
+  int i = 0;
+  for (; i + 4 <= count; i += 4) std::memcpy(row + 3 * i, four, sizeof four);
+  for (; i < count; ++i) std::memcpy(row + 3 * i, pixel, 3);
+}
+
+bool FlatColorKernel() {
+  return pen.mode == kModeColor && pen.colorStyle != 1 && !PatternActive() && !toneRowFilter;
+}
+
 int ColorKernel(Canvas*, const ModeRows& rows, const RowSpan& span, const DabBox& box) {
   const int count = span.Count();
   if (pen.colorStyle == 1) {
@@ -43,11 +56,16 @@ int ColorKernel(Canvas*, const ModeRows& rows, const RowSpan& span, const DabBox
     std::memset(rows.protect, 0, size_t(count));
     return kBlendOver;
   }
-  const bool pattern = pen.patternActive && pen.patternImage && pen.patternImage->bits == 24;
+  const bool pattern = PatternActive();
   if (pattern) {
     PatternRow(rows, span, box);
   } else {
     FillColor(rows.source, count);
+    // Uncut, the flat colour covers everything.
+    if (!toneRowFilter) {
+      std::memset(rows.protect, 0, size_t(count));
+      return kBlendOver;
+    }
   }
   CutByTone(span.y, span.x0, span.x1, box.left, box.top, box.right, box.bottom, rows.protect,
             !pattern);

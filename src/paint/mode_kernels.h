@@ -49,6 +49,11 @@ inline int Wrap(int x, int m) { return ((x % m) + m) % m; }
 void ReadTiled(Plane* tile, int ty, int tx, int count, uint8_t* out);
 
 int ColorKernel(Canvas* canvas, const ModeRows& rows, const RowSpan& span, const DabBox& box);
+// Whether the pen is of mode Color with the flat colour, uncut: its kernel
+// then gives every row the pen's colour and no protection, reading nothing.
+bool FlatColorKernel();
+// The pen's colour over count pixels.
+void FillColor(uint8_t* row, int count);
 int TileKernel(Canvas* canvas, const ModeRows& rows, const RowSpan& span);
 int BlurKernel(Canvas* canvas, const ModeRows& rows, const RowSpan& span);
 int Blur2Kernel(Canvas* canvas, const ModeRows& rows, const RowSpan& span, const DabBox& box);

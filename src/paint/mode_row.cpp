@@ -57,6 +57,29 @@ int TileKernel(Canvas*, const ModeRows& rows, const RowSpan& span) {
 namespace {
 
 uint8_t planeProtection[kPenRowPixels];
+uint8_t selectionProtection[kPenRowPixels];
+
+}  // namespace
+
+void PlaneProtection(Canvas* canvas, uint8_t* out, int y, int x0, int x1) {
+  const int count = x1 - x0 + 1;
+  if (ActiveIsImage(canvas))
+    ReadProtectionRow(canvas, y, x0, x1, out, ActiveLayerBase(canvas));
+  else
+    std::memset(out, 0, size_t(count));
+  if (fillInProgress || maskOutsideSelection) {
+    ReadSelectionBytes(canvas, y, x0, x1, selectionProtection);
+    OrRow(out, selectionProtection, count);
+  }
+}
+
+void AddPlaneProtection(Canvas* canvas, uint8_t* protectRow, int y, int x0, int x1) {
+  if (!ActiveIsImage(canvas) && !fillInProgress && !maskOutsideSelection) return;
+  PlaneProtection(canvas, planeProtection, y, x0, x1);
+  OrRow(protectRow, planeProtection, x1 - x0 + 1);
+}
+
+namespace {
 
 int RunKernel(Canvas* canvas, const ModeRows& rows, const RowSpan& span, const DabBox& box) {
   switch (pen.mode) {
@@ -99,15 +122,7 @@ void FetchModeRow(Canvas* canvas, uint8_t* sourceRow, uint8_t* sourceOpacityRow,
   const int kind = RunKernel(canvas, rows, span, box);
   if (kind >= 0) *outKind = kind;
 
-  const int count = span.Count();
-  if (ActiveIsImage(canvas)) {
-    ReadProtectionRow(canvas, y, x0, x1, planeProtection, ActiveLayerBase(canvas));
-    OrRow(protectRow, planeProtection, count);
-  }
-  if (fillInProgress || maskOutsideSelection) {
-    ReadSelectionBytes(canvas, y, x0, x1, planeProtection);
-    OrRow(protectRow, planeProtection, count);
-  }
+  AddPlaneProtection(canvas, protectRow, y, x0, x1);
   if (ColorMaskActive())
     ApplyColorMask(canvas, protectRow, y, x0, x1, (boxLeft + boxRight) / 2,
                    (boxTop + boxBottom) / 2);

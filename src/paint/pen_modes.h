@@ -85,3 +85,9 @@ void CutByTone(int y, int x0, int x1, int left, int top, int right, int bottom, 
 void FetchModeRow(Canvas* canvas, uint8_t* sourceRow, uint8_t* sourceOpacityRow,
                   uint8_t* protectRow, int y, int x0, int x1, int boxLeft, int boxTop, int boxRight,
                   int boxBottom, int* outKind);
+// The protection FetchModeRow ors into protectRow after the kernel, but
+// for the colour mask: the layer's on an image plane, and the selection's
+// during Fill or with "Mask Outside Selection".
+void AddPlaneProtection(Canvas* canvas, uint8_t* protectRow, int y, int x0, int x1);
+// The same protection written to out, as if ored into zeros.
+void PlaneProtection(Canvas* canvas, uint8_t* out, int y, int x0, int x1);

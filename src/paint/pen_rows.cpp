@@ -36,6 +36,8 @@ bool WholeRowFits(const Plane* plane) { return plane->width <= kPenRowPixels; }
 }  // namespace
 
 int ReadPlaneSpan(Plane* plane, int y, int x0, int x1, uint8_t* out) {
+  // The store clips a span of a plane of rows in memory the same way.
+  if (plane && plane->kind != Packed) return PlaneStore.ReadRow(plane, y, x0, x1, out);
   Span span;
   if (!Clip(plane, y, x0, x1, span)) return 0;
   if (!NeedsWholeRow(plane, span))
@@ -47,6 +49,7 @@ int ReadPlaneSpan(Plane* plane, int y, int x0, int x1, uint8_t* out) {
 }
 
 int WritePlaneSpan(Plane* plane, int y, int x0, int x1, const uint8_t* in) {
+  if (plane && plane->kind != Packed) return PlaneStore.WriteRow(plane, y, x0, x1, in);
   Span span;
   if (!Clip(plane, y, x0, x1, span)) return 0;
   if (!NeedsWholeRow(plane, span))

@@ -1,17 +1,17 @@
 #include "paint/place_dab.h"
 
-#include <algorithm>
 #include <cmath>
 #include <cstring>
 
-#include "display/mul_table.h"
 #include "display/redraw.h"
 #include "display/zoom.h"
 #include "paint/blend_row.h"
 #include "paint/color_mask.h"
+#include "paint/dab_area.h"
 #include "paint/pen_modes.h"
 #include "paint/pen_rows.h"
 #include "paint/protection.h"
+#include "paint/tip_shift.h"
 #include "platform/platform.h"
 
 PenBlenderObject PenBlender;
@@ -42,6 +42,8 @@ void ResetPenModes() {
 
 namespace {
 
+ShiftedTip highShift, lowShift;
+
 struct Box {
   int left, top, right, bottom;
 };
@@ -62,46 +64,51 @@ void WaitForSpeed() {
   if (speedDelay > 0) platform::BusyWait(uint32_t(speedDelay));
 }
 
-// One row of the pipeline: the kernel's rows, then the blend.
-void PaintRow(Canvas* canvas, int y, int x0, int x1, const Box& box, const uint8_t* tipHigh,
-              const uint8_t* tipLow) {
-  int kind = kBlendOver;
-  FetchModeRow(canvas, PenRows.sourceRow, PenRows.sourceOpacityRow, PenRows.protectRow, y, x0, x1,
-               box.left, box.top, box.right, box.bottom, &kind);
-  BlendRow(canvas, PenRows.sourceRow, tipHigh, tipLow, PenRows.sourceOpacityRow, PenRows.protectRow,
-           kind, y, x0, x1, 0);
-}
+// The tip at whole pixels: the raster's own rows.
+class RasterRows : public TipRows {
+ public:
+  RasterRows(int w, const uint8_t* low) : w_(w), low_(low) {}
+  void Row(int r, const uint8_t** high, const uint8_t** low) override {
+    *high = PenBlender.tipHighBuffer + size_t(r) * w_;
+    *low = low_ ? low_ + size_t(r) * w_ : nullptr;
+  }
 
-// The tip at whole pixels.
+ private:
+  int w_;
+  const uint8_t* low_;
+};
+
+// Only the 16-bit blend reads the low bytes of the tip.
+uint8_t* LowBytesFor(bool wanted) { return wanted ? PenBlender.tipLowBuffer : nullptr; }
+
 Box PlaceDabInteger(Canvas* canvas, int x, int y) {
   int w = 0, h = 0;
-  FetchTipRaster(PenBlender.tipHighBuffer, PenBlender.tipLowBuffer, &w, &h);
+  uint8_t* low = LowBytesFor(ActiveSlot(canvas).accuracyPlane);
+  FetchTipRaster(PenBlender.tipHighBuffer, low, &w, &h);
   const Box box{x + 1 - w / 2, y + 1 - h / 2, x + 1 - w / 2 + w, y + 1 - h / 2 + h};
-  for (int r = 0; r < h; ++r)
-    PaintRow(canvas, box.top + r, box.left, box.left + w - 1, box,
-             PenBlender.tipHighBuffer + size_t(r) * w, PenBlender.tipLowBuffer + size_t(r) * w);
+  RasterRows rows(w, low);
+  PaintDab(canvas, DabArea{box.left, box.top, w, h, box.left, box.top, box.right, box.bottom},
+           rows);
   return box;
 }
 
-// Row r of a w x h raster shifted right by fx/255 and down by fy/255 of a
-// pixel, bilinearly: w + 1 values, zero beyond the raster.
-void ShiftedRow(const uint8_t* raster, int w, int h, int r, unsigned fx, unsigned fy,
-                uint8_t* out) {
-  const uint8_t* byFx = MulTable[fx];
-  const uint8_t* byRestX = MulTable[255 - fx];
-  // Column c of a raster row shifted right; a missing row is all zero.
-  auto across = [&](const uint8_t* row, int c) -> unsigned {
-    if (!row) return 0;
-    const unsigned left = c > 0 ? byFx[row[c - 1]] : 0;
-    const unsigned here = c < w ? byRestX[row[c]] : 0;
-    return std::min(255u, left + here);
-  };
-  const uint8_t* upper = r < h ? raster + size_t(r) * w : nullptr;
-  const uint8_t* lower = r > 0 ? raster + size_t(r - 1) * w : nullptr;
-  for (int c = 0; c <= w; ++c)
-    out[c] = uint8_t(std::min(255u, unsigned(Mul255(across(upper, c), 255 - fy)) +
-                                        Mul255(across(lower, c), fy)));
-}
+// The tip at a sub-pixel position: its rows shifted by the fraction, the
+// low bytes as if they were values of their own.
+class ShiftedRows : public TipRows {
+ public:
+  explicit ShiftedRows(bool lowBytes) : lowBytes_(lowBytes) {}
+  void Row(int r, const uint8_t** high, const uint8_t** low) override {
+    highShift.Row(r, PenBlender.rowHigh);
+    *high = PenBlender.rowHigh;
+    *low = nullptr;
+    if (!lowBytes_) return;
+    lowShift.Row(r, PenBlender.rowLow);
+    *low = PenBlender.rowLow;
+  }
+
+ private:
+  bool lowBytes_;
+};
 
 // Whole pixel of a position: a position at or below 0 goes one further
 // down, so 0 itself lands at -1 with a full fraction.
@@ -109,18 +116,15 @@ int WholePixel(double v) { return v > 0 ? int(v) : int(v - 1); }
 
 // The tip at a sub-pixel position, one row and column larger than itself.
 Box PlaceDabFraction(Canvas* canvas, double x, double y, int ix, int iy) {
+  const bool lowBytes = canvas->doubleAccuracy != 0;
   int w = 0, h = 0;
-  FetchTipRaster(PenBlender.tipHighBuffer, PenBlender.tipLowBuffer, &w, &h);
+  FetchTipRaster(PenBlender.tipHighBuffer, LowBytesFor(lowBytes), &w, &h);
   const unsigned fx = unsigned((x - ix) * 255.0), fy = unsigned((y - iy) * 255.0);
   const int left = ix + 1 - (w + 1) / 2, top = iy + 1 - (h + 1) / 2;
-  const Box box{left, top, left + w, top + h};
-  const bool lowBytes = canvas->doubleAccuracy != 0;
-  for (int r = 0; r <= h; ++r) {
-    ShiftedRow(PenBlender.tipHighBuffer, w, h, r, fx, fy, PenBlender.rowHigh);
-    if (lowBytes) ShiftedRow(PenBlender.tipLowBuffer, w, h, r, fx, fy, PenBlender.rowLow);
-    PaintRow(canvas, top + r, left, left + w, box, PenBlender.rowHigh,
-             lowBytes ? PenBlender.rowLow : nullptr);
-  }
+  highShift.Start(PenBlender.tipHighBuffer, w, h, fx, fy);
+  if (lowBytes) lowShift.Start(PenBlender.tipLowBuffer, w, h, fx, fy);
+  ShiftedRows rows(lowBytes);
+  PaintDab(canvas, DabArea{left, top, w + 1, h + 1, left, top, left + w, top + h}, rows);
   return Box{left, top, left + w + 1, top + h + 1};
 }
 

@@ -19,16 +19,18 @@
 #include <cstdint>
 
 #include "document/canvas.h"
+#include "paint/dab_rows.h"
 #include "paint/tip.h"
 
 // The dab blender: the tip of the current dab and its resampled row.
 struct PenBlenderObject {
-  uint8_t tipHighBuffer[kTipBufferBytes];
-  uint8_t tipLowBuffer[kTipBufferBytes];
+  // Slack for the vector kernels after the largest tip (dab_rows.h).
+  uint8_t tipHighBuffer[kTipBufferBytes + kRowBlock];
+  uint8_t tipLowBuffer[kTipBufferBytes + kRowBlock];
   // One row of the tip shifted by the dab's fraction: a column wider than
-  // the widest tip.
-  uint8_t rowHigh[kTipBufferBytes + 1];
-  uint8_t rowLow[kTipBufferBytes + 1];
+  // the widest tip, with slack for the vector kernels.
+  uint8_t rowHigh[kTipBufferBytes + 1 + kRowBlock];
+  uint8_t rowLow[kTipBufferBytes + 1 + kRowBlock];
   double lastDabX = 0.0, lastDabY = 0.0;  // the last dab accepted
 
   void Reset();

@@ -40,7 +40,15 @@ void InPieces(int x0, int x1, uint8_t* out, Step step) {
 }  // namespace
 
 void OrRow(uint8_t* dst, const uint8_t* src, int n) {
-  for (int i = 0; i < n; ++i) dst[i] |= src[i];
+  int i = 0;
+  for (; i + 8 <= n; i += 8) {
+    uint64_t a, b;
+    std::memcpy(&a, dst + i, 8);
+    std::memcpy(&b, src + i, 8);
+    a |= b;
+    std::memcpy(dst + i, &a, 8);
+  }
+  for (; i < n; ++i) dst[i] |= src[i];
 }
 
 void ReadProtectionRow(Canvas* canvas, int y, int x0, int x1, uint8_t* out, int layerBase) {

@@ -16,7 +16,8 @@ constexpr int kTipShapeCount = 16;
 int BuildTip();
 
 // The tip of the next dab, row after row, into two buffers of
-// kTipBufferBytes each; an animated tip is rebuilt first.
+// kTipBufferBytes each; an animated tip is rebuilt first. lowOut may be
+// null where the low bytes are not wanted.
 void FetchTipRaster(uint8_t* highOut, uint8_t* lowOut, int* outWidth, int* outHeight);
 
 // The smaller of the width and height of the tip FetchTipRaster would give.

@@ -51,15 +51,15 @@ void FetchTipRaster(uint8_t* highOut, uint8_t* lowOut, int* outWidth, int* outHe
   switch (source) {
     case TipSource::Stamp:
       std::memset(highOut, 255, area);
-      std::memset(lowOut, 255, area);
+      if (lowOut) std::memset(lowOut, 255, area);
       break;
     case TipSource::Dot:
       CopyRows(dotTip, highOut);
-      std::memset(lowOut, 0, area);
+      if (lowOut) std::memset(lowOut, 0, area);
       break;
     case TipSource::Generated:
       CopyRows(pen.tipHigh, highOut);
-      CopyRows(pen.tipLow, lowOut);
+      if (lowOut) CopyRows(pen.tipLow, lowOut);
       break;
   }
 }
