@@ -1,6 +1,6 @@
 // Thirty-two pixels at a time. Products of bytes are formed in 16-bit
 // lanes as the table's (x * y + 128) / 255 = ((x * y + 129) * 257) >> 16,
-// exact for every pair of bytes (display/mix_rows_avx2.cpp shows why), and
+// exact for every pair of bytes (display/avx2_bytes.h shows why), and
 // packing back to bytes saturates at 255, which is the min(255, ...) of
 // the arithmetic.
 //
@@ -11,77 +11,14 @@
 // moves it by at most 255 x 2^-24; so truncating gives x / n exactly.
 #include "paint/dab_rows_avx2.h"
 
-#include <immintrin.h>
-
 #include <algorithm>
-#include <array>
 
-#define AVX2_CODE __attribute__((target("avx2")))
+#include "display/avx2_bytes.h"
 
 namespace avx2 {
 namespace {
 
 constexpr int kBlock = 32;
-
-AVX2_CODE inline __m256i Zero() { return _mm256_setzero_si256(); }
-AVX2_CODE inline __m256i Ones() { return _mm256_set1_epi8(-1); }
-
-AVX2_CODE inline __m256i Load(const uint8_t* p) {
-  return _mm256_loadu_si256(reinterpret_cast<const __m256i*>(p));
-}
-AVX2_CODE inline void Store(uint8_t* p, __m256i v) {
-  _mm256_storeu_si256(reinterpret_cast<__m256i*>(p), v);
-}
-
-AVX2_CODE inline __m256i Low16(__m256i bytes) { return _mm256_unpacklo_epi8(bytes, Zero()); }
-AVX2_CODE inline __m256i High16(__m256i bytes) { return _mm256_unpackhi_epi8(bytes, Zero()); }
-
-// Mul255(x, y) in 16-bit lanes holding bytes.
-AVX2_CODE inline __m256i MulLanes(__m256i x, __m256i y) {
-  return _mm256_mulhi_epu16(_mm256_add_epi16(_mm256_mullo_epi16(x, y), _mm256_set1_epi16(129)),
-                            _mm256_set1_epi16(257));
-}
-
-// Mul255(x, y) byte by byte.
-AVX2_CODE inline __m256i Mul8(__m256i x, __m256i y) {
-  return _mm256_packus_epi16(MulLanes(Low16(x), Low16(y)), MulLanes(High16(x), High16(y)));
-}
-
-// min(255, Mul255(keep, 255 - a) + Mul255(put, a)) byte by byte.
-AVX2_CODE inline __m256i Mix8(__m256i keep, __m256i put, __m256i a) {
-  const __m256i rest = _mm256_xor_si256(a, Ones());
-  const __m256i low =
-      _mm256_add_epi16(MulLanes(Low16(keep), Low16(rest)), MulLanes(Low16(put), Low16(a)));
-  const __m256i high =
-      _mm256_add_epi16(MulLanes(High16(keep), High16(rest)), MulLanes(High16(put), High16(a)));
-  return _mm256_packus_epi16(low, high);
-}
-
-// Byte j of the three 32-byte parts of a colour row belongs to pixel j / 3.
-// Shuffles work within 128-bit lanes, so each part draws on the lane (low
-// or high 16 pixels) that holds its pixels, placed in both halves first.
-constexpr int LaneBase(int part, int half) { return (part * 2 + half) >= 3 ? 16 : 0; }
-
-constexpr std::array<std::array<char, 32>, 3> BuildSpreadMasks() {
-  std::array<std::array<char, 32>, 3> masks{};
-  for (int part = 0; part < 3; ++part)
-    for (int j = 0; j < 32; ++j)
-      masks[part][j] = static_cast<char>((part * 32 + j) / 3 - LaneBase(part, j / 16));
-  return masks;
-}
-
-constexpr auto kSpreadMasks = BuildSpreadMasks();
-
-AVX2_CODE inline __m256i SpreadMask(int part) {
-  return _mm256_loadu_si256(reinterpret_cast<const __m256i*>(kSpreadMasks[part].data()));
-}
-
-// One byte a pixel for 32 pixels, repeated for each of their three colours.
-AVX2_CODE inline void Spread(__m256i v, __m256i out[3]) {
-  out[0] = _mm256_shuffle_epi8(_mm256_permute4x64_epi64(v, 0x44), SpreadMask(0));
-  out[1] = _mm256_shuffle_epi8(v, SpreadMask(1));
-  out[2] = _mm256_shuffle_epi8(_mm256_permute4x64_epi64(v, 0xEE), SpreadMask(2));
-}
 
 // x / n truncated in 32-bit lanes, n of 0 taken as 1.
 AVX2_CODE inline __m256i Quotient32(__m256i x, __m256i n) {
