@@ -1,6 +1,7 @@
 #include "display/box_drag.h"
 
 #include "display/redraw.h"
+#include "display/view_scroll.h"
 
 namespace {
 
@@ -28,6 +29,9 @@ CanvasPoint DragCanvasBox(Canvas* canvas, int left, int top, int width, int heig
     if (next.x == at.x && next.y == at.y) continue;
     Invert(canvas, BoxInView(canvas, at.x, at.y, width, height));
     at = next;
+    // The frame is off while the view scrolls, so what comes into view
+    // paints without it.
+    ScrollAtEdge(canvas);
     Invert(canvas, BoxInView(canvas, at.x, at.y, width, height));
     if (moved) moved(at.x, at.y);
   }

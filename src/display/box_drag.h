@@ -1,5 +1,6 @@
 // The drag of a rectangle over the canvas: an inverted frame follows the
 // pointer, in canvas pixels with grid snap, while the left button is down.
+// Near an edge of frameWnd, or beyond it, the view scrolls along.
 #pragma once
 
 #include <functional>

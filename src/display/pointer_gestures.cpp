@@ -8,26 +8,27 @@ bool Held(PointerButton button) { return viewWindows.buttonHeld && viewWindows.b
 
 }  // namespace
 
-void HandScroll(Canvas* canvas, PointerButton button) {
+void HandScroll(Canvas* canvas, PointerButton button, int screenX, int screenY) {
   if (!viewWindows.pointer) return;
   if (viewWindows.handCursor) viewWindows.handCursor(true);
-  PointerState last = viewWindows.pointer(canvas);
+  int lastX = screenX, lastY = screenY;
   while (Held(button)) {
     const PointerState now = viewWindows.pointer(canvas);
-    if (now.screenX == last.screenX && now.screenY == last.screenY) continue;
+    if (now.screenX == lastX && now.screenY == lastY) continue;
     ScrollView(canvas, Axis::Horizontal, kScrollThumbPosition,
-               canvas->scrollX - (now.screenX - last.screenX));
+               canvas->scrollX - (now.screenX - lastX));
     ScrollView(canvas, Axis::Vertical, kScrollThumbPosition,
-               canvas->scrollY - (now.screenY - last.screenY));
+               canvas->scrollY - (now.screenY - lastY));
     if (viewWindows.updateNow) viewWindows.updateNow(canvas);
-    last = now;
+    lastX = now.screenX;
+    lastY = now.screenY;
   }
   if (viewWindows.handCursor) viewWindows.handCursor(false);
 }
 
-void ZoomDrag(Canvas* canvas) {
+void ZoomDrag(Canvas* canvas, int screenX) {
   if (!viewWindows.pointer || !viewWindows.sendCommand) return;
-  int start = viewWindows.pointer(canvas).screenX;
+  int start = screenX;
   while (Held(PointerButton::Right)) {
     const int x = viewWindows.pointer(canvas).screenX;
     if (x - start >= kZoomDragStep) {

@@ -11,9 +11,11 @@ constexpr int kZoomOutCommand = 11015;
 constexpr int kZoomDragStep = 21;
 
 // While button is down the picture follows the pointer: every change of
-// the pointer's position scrolls both axes by the difference.
-void HandScroll(Canvas* canvas, PointerButton button);
+// the pointer's position scrolls both axes by the difference. The travel
+// counts from where the button went down, at screenX, screenY.
+void HandScroll(Canvas* canvas, PointerButton button, int screenX, int screenY);
 
 // While the right button is down, each 21 pixels to the right zooms in
 // one step and each 21 to the left zooms out; smaller motion does nothing.
-void ZoomDrag(Canvas* canvas);
+// The travel counts from screenX, where the button went down.
+void ZoomDrag(Canvas* canvas, int screenX);

@@ -3,6 +3,7 @@
 #include "display/pick_layer.h"
 #include "display/pointer_gestures.h"
 #include "display/rulers.h"
+#include "display/smooth_zoom_frame.h"
 #include "platform/platform.h"
 #include "resources/strings.h"
 
@@ -65,13 +66,15 @@ void LeftButtonDown(Canvas* canvas, const PointerPress& press) {
   if (Claims(pointerRoutes.loopeClick, canvas)) return;
   if (Claims(pointerRoutes.layerResizeClick, canvas)) return;
   if (press.ctrl) return PickLayer(canvas, 0, press.shift);
-  if (press.space) return HandScroll(canvas, PointerButton::Left);
+  if (press.space) return HandScroll(canvas, PointerButton::Left, press.screenX, press.screenY);
   switch (ToolRouteOf(press.tool)) {
     case ToolRoute::PenStroke:
       return Stroke(canvas, PenConnects(PenMode()));
     case ToolRoute::PlainStroke:
       return Stroke(canvas, 0);
     case ToolRoute::DraftObject:
+      // Smooth Zoom's frame is the view's own object.
+      if (press.tool == kToolSmoothZoom) return PressZoomFrame(canvas);
       return CallIfSet(pointerRoutes.draftObjectPress, canvas);
     case ToolRoute::DraftPoint:
       return CallIfSet(pointerRoutes.draftPointPress, canvas);
@@ -81,15 +84,19 @@ void LeftButtonDown(Canvas* canvas, const PointerPress& press) {
 void RightButtonDown(Canvas* canvas, const PointerPress& press) {
   if (pointerRoutes.colourAdjustPick && pointerRoutes.colourAdjustPick(canvas, 1)) return;
   if (press.ctrl) return PickLayer(canvas, 1, press.shift);
-  if (press.space) return ZoomDrag(canvas);
+  if (press.space) return ZoomDrag(canvas, press.screenX);
   switch (ToolRouteOf(press.tool)) {
     case ToolRoute::PenStroke:
     case ToolRoute::PlainStroke:
       if (!Claims(pointerRoutes.strokeSecondForm, canvas)) ColourPicker(canvas);
       return;
-    case ToolRoute::DraftObject:
-      if (!Claims(pointerRoutes.draftRightPress, canvas)) ColourPicker(canvas);
+    case ToolRoute::DraftObject: {
+      const bool taken = press.tool == kToolSmoothZoom
+                             ? ZoomFrameMenu(canvas) != 0
+                             : Claims(pointerRoutes.draftRightPress, canvas);
+      if (!taken) ColourPicker(canvas);
       return;
+    }
     case ToolRoute::DraftPoint:
       if (!Claims(pointerRoutes.draftRightPress, canvas) &&
           !Claims(pointerRoutes.selectionPopup, canvas))
@@ -98,7 +105,9 @@ void RightButtonDown(Canvas* canvas, const PointerPress& press) {
   }
 }
 
-void MiddleButtonDown(Canvas* canvas) { HandScroll(canvas, PointerButton::Middle); }
+void MiddleButtonDown(Canvas* canvas, const PointerPress& press) {
+  HandScroll(canvas, PointerButton::Middle, press.screenX, press.screenY);
+}
 
 void PointerMoved(Canvas* canvas) {
   if (Claims(pointerRoutes.layerResizeMove, canvas)) return;

@@ -10,11 +10,13 @@
 #include "display/grid.h"
 #include "document/canvas.h"
 
-// A button going down, with the tool in use (currentTool) and the keys
-// held at that moment.
+// A button going down, with the tool in use (currentTool), the keys held
+// at that moment and where on the screen it happened: the view's own drags
+// count the pointer's travel from there, however late the press is taken.
 struct PointerPress {
   int tool;
   int shift, ctrl, space;
+  int screenX = 0, screenY = 0;
 };
 
 constexpr int kToolPen = 20005;
@@ -29,6 +31,7 @@ enum class ToolRoute {
   PenStroke,    // 20005: the connecting routine for pen modes 0, 5, 6, 9, 10, 11
   PlainStroke,  // 20000
   DraftObject,  // 14001, 14003, 20006, 20013, 20507: press and drag of an object
+                // (Smooth Zoom's frame is the view's own)
   DraftPoint,   // every other tool
 };
 ToolRoute ToolRouteOf(int tool);
@@ -73,6 +76,6 @@ extern PointerRoutes pointerRoutes;
 void LeftButtonDown(Canvas* canvas, const PointerPress& press);
 void RightButtonDown(Canvas* canvas, const PointerPress& press);
 // Hand scroll, held by the middle button.
-void MiddleButtonDown(Canvas* canvas);
+void MiddleButtonDown(Canvas* canvas, const PointerPress& press);
 void PointerMoved(Canvas* canvas);
 void PointerLeft(Canvas* canvas);

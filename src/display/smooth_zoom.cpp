@@ -4,8 +4,7 @@
 #include <cstdio>
 #include <vector>
 
-#include "display/redraw.h"
-#include "display/zoom.h"
+#include "display/view_windows.h"
 #include "document/canvas_manager.h"
 #include "document/undo_history.h"
 #include "platform/platform.h"
@@ -186,7 +185,7 @@ int LeaveSmoothZoom(Canvas* canvas) {
   }
   Settle(canvas);
   canvas->smoothZoom = 0;
-  RedrawRect(canvas, 0, 0, ZoomedWidth(canvas), ZoomedHeight(canvas));
+  if (viewWindows.invalidate) viewWindows.invalidate(canvas);
   ClearProgress();
   return 1;
 }

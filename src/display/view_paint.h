@@ -1,8 +1,8 @@
 // The paint of displayWnd. The overlays on the picture (pen outline,
-// Loope box, resize box, Draft outline and objects) are drawn by inversion,
-// so one call of an overlay's toggle takes it off and the next puts it
-// back. They come off in this order around the redraw and go back on in
-// the reverse order, which keeps each intact.
+// Loope box, resize box, Draft outline and objects, Smooth Zoom's frame)
+// are drawn by inversion, so one call of an overlay's toggle takes it off
+// and the next puts it back. They come off in this order around the redraw
+// and go back on in the reverse order, which keeps each intact.
 #pragma once
 
 #include <functional>
@@ -14,6 +14,7 @@ enum Overlay {
   kOverlayLoopeBox,
   kOverlayResizeBox,
   kOverlayDraft,
+  kOverlayZoomFrame,  // the rectangle Smooth Zoom is about to enlarge
   kOverlayCount,
 };
 

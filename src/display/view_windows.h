@@ -51,6 +51,9 @@ struct ViewWindows {
   std::function<void(Canvas* canvas, Axis axis)> repaintRuler;
   // Pending paint of displayWnd is done now.
   std::function<void(Canvas* canvas)> updateNow;
+  // All of displayWnd paints again, through its paint message and so with
+  // its overlays kept, once the program waits for input.
+  std::function<void(Canvas* canvas)> invalidate;
   // WM_SIZE to documentWnd twice: double its client size, then the real
   // size (size type 2 when the child is maximized).
   std::function<void(Canvas* canvas)> resendDocumentSize;

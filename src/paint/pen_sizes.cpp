@@ -14,10 +14,20 @@
 namespace {
 
 constexpr int kStringDeleteSize = 1412;
+constexpr int kStringBadSize = 1414;
 constexpr const char* kListFullText = "これ以上追加できません";
 
 int32_t& Width(int i) { return penSizes.column[0][i]; }
 int32_t& Height(int i) { return penSizes.column[1][i]; }
+
+// A side as typed: digits only, 1..255; 0 otherwise.
+int TypedSide(const std::string& text) {
+  if (text.empty() || text.size() > 3 ||
+      !std::all_of(text.begin(), text.end(), [](char c) { return c >= '0' && c <= '9'; }))
+    return 0;
+  const int side = std::stoi(text);
+  return side <= kLargestPenSize ? side : 0;
+}
 
 bool ValidEntry(int index) { return index >= 0 && index < penSizes.Count(); }
 
@@ -66,6 +76,14 @@ int AddPenSize(int width, int height) {
   }
   SortByWidth();
   return 1;
+}
+
+int AddTypedPenSize(const std::string& width, const std::string& height) {
+  const int w = TypedSide(width), h = TypedSide(height);
+  if (w && h) return AddPenSize(w, h);
+  platform::ShowMessageBox(platform::Window::ControlPanel, StringText(kStringBadSize), kProductName,
+                           platform::MbOk | platform::MbIconWarning);
+  return 0;
 }
 
 int AddCurrentPenSize() {

@@ -16,6 +16,9 @@ int PickPenSize(int index);
 // is, else the size takes the first free place; then the list is sorted by
 // width. Past the last index the user is told and 0 returned.
 int AddPenSize(int width, int height);
+// Adds a size as typed in the dialog: each side a whole number of 1..255,
+// else the user is told so (string 1414) and nothing is added.
+int AddTypedPenSize(const std::string& width, const std::string& height);
 // Adds the pen's own size.
 int AddCurrentPenSize();
 // Asks, then removes entry index and closes the gap. 1 when removed.

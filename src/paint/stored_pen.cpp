@@ -3,6 +3,7 @@
 #include <cstdio>
 #include <cstring>
 
+#include "paint/control_page.h"
 #include "paint/pen_data_list.h"
 #include "paint/pen_record.h"
 #include "paint/tip.h"
@@ -64,6 +65,7 @@ int LoadPen(const std::string& programFolder, int slot) {
     PenDataList.PickDotPen(bytes[kStoredDotFile]);
   OpenOptionPanel(dotPenPanel ? OptionPanel::Dot : OptionPanel::Brush);
   BuildTip();
+  RepaintControlPanel();
   return 1;
 }
 

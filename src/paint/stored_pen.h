@@ -24,9 +24,9 @@ constexpr size_t kStoredRadiusY = 18;  // a double
 // Writes the pen to slot 1..9; 0, and nothing said, when the file can't be
 // made.
 int SavePen(const std::string& programFolder, int slot);
-// Reads slot 1..9 into the pen, brings back its dot pen or panel, and
-// rebuilds the tip. A missing, short or damaged file leaves the pen as it
-// was and gives 0.
+// Reads slot 1..9 into the pen, brings back its dot pen or panel, rebuilds
+// the tip and has the control panel repaint. A missing, short or damaged
+// file leaves the pen as it was and gives 0.
 int LoadPen(const std::string& programFolder, int slot);
 
 // Keys 1 to 9 in the canvas window: with Shift the pen is stored and the

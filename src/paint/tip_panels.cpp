@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdlib>
 
+#include "paint/dot_tiles.h"
 #include "paint/pen_record.h"
 #include "paint/tip.h"
 
@@ -12,9 +13,15 @@ OptionPanel ChooseOptionPanel(int tool, bool shiftHeld) {
   return dotPenPanel ? OptionPanel::Dot : OptionPanel::Brush;
 }
 
+OptionPanel OptionAreaPanel(int tool, bool shiftHeld) {
+  OptionPanel panel = ChooseOptionPanel(tool, shiftHeld);
+  return panel == OptionPanel::Dot ? panel : OptionPanel::Brush;
+}
+
 void OpenOptionPanel(OptionPanel panel) {
   if (panel == OptionPanel::Dot || panel == OptionPanel::Text) dotTipActive = 1;
   if (panel == OptionPanel::Brush) dotTipActive = 0;
+  if (panel == OptionPanel::Dot) OpenDotTiles();
 }
 
 OptionPanel SwitchTipPanel(OptionPanel current) {

@@ -14,7 +14,12 @@ constexpr uint32_t kTipPreviewBackground = 0xB4B4B4;  // red, green, blue
 // gives the text tip, a set dotPenPanel the dot pens, and otherwise the
 // brush shapes.
 OptionPanel ChooseOptionPanel(int tool, bool shiftHeld);
-// Opening the dot or text panel makes dotTip the tip in use; the brush
+// The panel the option area shows when it opens now. The text panel waits
+// for the text tool's renderer and the range panel for seed fill; until
+// they come the brush panel stands in for both.
+OptionPanel OptionAreaPanel(int tool, bool shiftHeld);
+// Opening the dot or text panel makes dotTip the tip in use (the dot
+// panel loads its file in use when there is no dot tip yet); the brush
 // panel gives the generated tip back.
 void OpenOptionPanel(OptionPanel panel);
 // Button 103: from the brush panel to the dot pens and back; returns the

@@ -48,6 +48,8 @@ enum : int { IdOk = 1, IdCancel = 2, IdYes = 6, IdNo = 7 };
 // Private window messages of the shell.
 enum : uint32_t {
   MsgStatus = 1024,         // progress and status texts of the status bar
+  MsgPanelRefresh = 1033,   // control panel: one page, or a set of pages, refreshes
+  MsgPanelsRepaint = 1034,  // control panel: every page repaints (to the frame 1034 is TWAIN's)
   MsgRulerMark = 1035,      // pointer mark of a ruler
   MsgLayerRedraw = 1036,    // layer panel: one thumbnail, or the whole list
   MsgCanvasGoing = 1037,    // layer panel: a canvas is going away
@@ -119,7 +121,8 @@ enum : int { VkLeftButton = 0x01, VkRightButton = 0x02, VkShift = 0x10, VkContro
 bool KeyDown(int virtualKey);
 // Throws away the pointer messages waiting for this thread and the thread
 // messages posted to no window, so a loop's polling isn't followed by a
-// queue of stale moves.
+// queue of stale moves. The frame's timer messages are dispatched, so that
+// its key polling runs meanwhile.
 void DrainPointerMessages();
 // Milliseconds from a fixed start; wraps after 49 days.
 uint32_t TickCount();

@@ -13,6 +13,7 @@
 
 namespace vk {
 constexpr int kBack = 0x08;
+constexpr int kMenu = 0x12;  // Alt
 constexpr int kEscape = 0x1B;
 constexpr int kDelete = 0x2E;
 constexpr int k1 = 0x31;

@@ -77,6 +77,9 @@ struct ShellWindows {
   std::function<void(int previousTool, int currentTool)> toolButtonsChanged;
   // The Blank Sheet dialog; 1 after OK.
   std::function<int(BlankSheetChoice& choice)> blankSheetDialog;
+  // A press of the right button on whatever window of the program lies
+  // under the pointer (the keys Q and the context key).
+  std::function<void()> rightClickAtPointer;
 };
 
 extern ShellWindows shellWindows;

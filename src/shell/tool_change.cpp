@@ -10,6 +10,7 @@
 
 int currentTool = cmd::kFreeHandConnect;
 int lastDraftTool = 0;
+int previousTool = cmd::kFreeHandConnect;
 
 HookList<Canvas*> draftStoreHooks;
 HookList<> toolStateHooks;
@@ -35,20 +36,22 @@ bool IsDraftTool(int tool) {
 }
 
 void ChangeTool(int tool, const std::string& path) {
-  const int previous = currentTool;
+  const int previous = previousTool = currentTool;
   if (Canvas* canvas = ActiveCanvas()) draftStoreHooks.Run(canvas);
   currentTool = tool;
   toolStateHooks.Run();
   auto start = toolStarts.find(tool);
-  if (start != toolStarts.end() && start->second && !start->second(PasteKindOf(tool), path))
+  if (start != toolStarts.end() && start->second && !start->second(PasteKindOf(tool), path)) {
     currentTool = previous;
+    toolStateHooks.Run();
+  }
   if (shellWindows.toolButtonsChanged) shellWindows.toolButtonsChanged(previous, currentTool);
   platform::SendToWindow(platform::Window::StatusBar, platform::MsgStatus, 0, 0);
   if (IsDraftTool(previous)) lastDraftTool = previous;
 }
 
 void ResetToolState() {
-  currentTool = cmd::kFreeHandConnect;
+  currentTool = previousTool = cmd::kFreeHandConnect;
   lastDraftTool = 0;
   toolStarts.clear();
   draftStoreHooks.Clear();

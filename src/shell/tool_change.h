@@ -13,6 +13,9 @@
 extern int currentTool;
 // The last selection tool left for another, so a later step can return.
 extern int lastDraftTool;
+// The tool in use when the last change began: a tool that ends by itself
+// (Smooth Zoom) returns to it.
+extern int previousTool;
 
 // Paste kinds passed to a tool's start routine.
 constexpr int kPastePlain = 0;
@@ -34,8 +37,9 @@ void RegisterToolStart(int tool, ToolStart start);
 int PasteKindOf(int tool);
 
 // Stores the Draft state, sets currentTool, starts the tool (going back to
-// the previous one if it can't start), repaints the two tool-bar buttons
-// and clears the status bar. path is the file of kind 1.
+// the previous one if it can't start, the tool state refreshed again),
+// repaints the two tool-bar buttons and clears the status bar. path is the
+// file of kind 1.
 void ChangeTool(int tool, const std::string& path = {});
 
 // A tool of the selection family (the Draft tools and Edit Bezier).

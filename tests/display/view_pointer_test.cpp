@@ -49,7 +49,7 @@ TEST_F(Pointer, PressesFollowTheClaimsThenTheToolTable) {
            {0, 20005, 0, 5, 0},
            {0, 20005, 0, 1, 0},
            {0, 20000, 0, 5, 0},  // 20000 never connects
-           {0, 20507, 0, 5, 0},
+           {0, 20006, 0, 5, 0},
            {0, 20001, 0, 5, 0},
            {0, 20001, 1, 7, 0},      // Clone with Shift comes first, whatever the tool
            {0, 20000, 0, 7, -2000},  // no source yet: string 1411

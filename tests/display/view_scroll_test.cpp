@@ -115,18 +115,19 @@ TEST_F(Scroll, HandScrollFollowsThePointerAndZoomDragCountsSteps) {
   int updates = 0, cursor = 0;
   viewWindows.updateNow = [&](Canvas*) { ++updates; };
   viewWindows.handCursor = [&](bool on) { cursor += on ? 1 : -10; };
-  PointerAt({{100, 100}, {90, 95}, {90, 95}, {80, 80}});
+  // The press was at 100, 100: the first poll has moved from there.
+  PointerAt({{90, 95}, {90, 95}, {80, 80}});
   held = 3;
-  HandScroll(canvas, PointerButton::Middle);
+  HandScroll(canvas, PointerButton::Middle, 100, 100);
   EXPECT_EQ(std::tie(canvas->scrollX, canvas->scrollY, updates, cursor),
             std::make_tuple(70, 70, 2, -9));
 
   std::vector<int> commands;
   viewWindows.sendCommand = [&](Canvas*, int id) { commands.push_back(id); };
   script = {};
-  PointerAt({{100, 0}, {110, 0}, {121, 0}, {101, 0}, {100, 0}, {60, 0}});
+  PointerAt({{110, 0}, {121, 0}, {101, 0}, {100, 0}, {60, 0}});
   held = 5;
-  ZoomDrag(canvas);
+  ZoomDrag(canvas, 100);
   EXPECT_EQ(commands, (std::vector<int>{11014, 11015, 11015}));
 }
 

@@ -3,8 +3,11 @@
 #include <windows.h>
 
 #include "display/grid_command.h"
+#include "display/smooth_zoom_frame.h"
 #include "display/view_windows.h"
 #include "display/win/grid_dialog.h"
+#include "display/win/hand_cursor.h"
+#include "display/win/smooth_zoom_win.h"
 #include "display/win/view_drawing.h"
 #include "display/win/zoom_readout.h"
 #include "document/win/document_window.h"
@@ -77,16 +80,6 @@ int ScreenBits() {
   return bits;
 }
 
-// The resource `hand` where the program has one, the system's hand else.
-void HandCursor(bool on) {
-  HCURSOR cursor = LoadCursor(nullptr, IDC_ARROW);
-  if (on) {
-    cursor = LoadCursorW(GetModuleHandleW(nullptr), L"hand");
-    if (!cursor) cursor = LoadCursor(nullptr, IDC_HAND);
-  }
-  SetCursor(cursor);
-}
-
 }  // namespace
 
 void InstallViewWindows() {
@@ -97,6 +90,7 @@ void InstallViewWindows() {
   w.setScrollBar = SetViewScrollBar;
   w.repaintRuler = RepaintRuler;
   w.updateNow = [](Canvas* canvas) { UpdateWindow(Hwnd(canvas->displayWnd)); };
+  w.invalidate = [](Canvas* canvas) { InvalidateRect(Hwnd(canvas->displayWnd), nullptr, FALSE); };
   w.resendDocumentSize = ResendDocumentSize;
   w.sendCommand = [](Canvas* canvas, int id) {
     SendMessageW(Hwnd(canvas->documentWnd), WM_COMMAND, static_cast<WPARAM>(id), 0);
@@ -107,6 +101,8 @@ void InstallViewWindows() {
   w.drawTile = DrawViewTile;
   w.drawGridLine = DrawGridLine;
   w.invertBox = InvertViewBox;
-  w.handCursor = HandCursor;
+  w.handCursor = ShowHandCursor;
   gridDialog = RunGridDialog;
+  smoothZoomDialog = RunSmoothZoomDialog;
+  zoomFrameMenu = RunZoomFrameMenu;
 }

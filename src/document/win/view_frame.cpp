@@ -3,6 +3,9 @@
 // moved against the frame to scroll. Where everything stands, how far a
 // scroll goes, what the view shows and where a press goes are the
 // display's; this side passes the messages on and places the windows.
+#include <windows.h>
+#include <windowsx.h>
+
 #include "display/pointer_routing.h"
 #include "display/view_layout.h"
 #include "display/view_paint.h"
@@ -69,10 +72,12 @@ LRESULT CALLBACK ViewFrameProc(HWND frame, UINT message, WPARAM wParam, LPARAM l
   return DefWindowProcW(frame, message, wParam, lParam);
 }
 
-// The keys held at a press, as the routing asks for them.
+// The keys held at a press, as the routing asks for them, and where on
+// the screen the press happened.
 PointerPress PressOf(WPARAM keys) {
+  const DWORD at = GetMessagePos();
   return {documentHandlers.currentTool(), (keys & MK_SHIFT) != 0, (keys & MK_CONTROL) != 0,
-          GetKeyState(VK_SPACE) < 0};
+          GetKeyState(VK_SPACE) < 0, GET_X_LPARAM(at), GET_Y_LPARAM(at)};
 }
 
 // The update region is taken and validated first; the tiles and overlays
@@ -99,7 +104,7 @@ LRESULT CALLBACK ViewProc(HWND view, UINT message, WPARAM wParam, LPARAM lParam)
       RightButtonDown(canvas, PressOf(wParam));
       return 0;
     case WM_MBUTTONDOWN:
-      MiddleButtonDown(canvas);
+      MiddleButtonDown(canvas, PressOf(wParam));
       return 0;
     case WM_MOUSEMOVE: {
       // Ask for WM_MOUSELEAVE, so what follows the pointer can go with it.

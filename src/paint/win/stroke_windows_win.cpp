@@ -57,16 +57,6 @@ void DrawPenOutline(WindowHandle view, const PenOutline& outline) {
   Line(dc.get(), x, y + 1, x, y + kCloneCrossArm + 1);
 }
 
-// The program's own cursor where it has one, the system's cross else.
-void Cursor(const char* name) {
-  HCURSOR cursor = LoadCursor(nullptr, IDC_ARROW);
-  if (name) {
-    cursor = LoadCursorW(GetModuleHandleW(nullptr), platform::Widen(name).c_str());
-    if (!cursor) cursor = LoadCursor(nullptr, IDC_CROSS);
-  }
-  SetCursor(cursor);
-}
-
 // The pen's colour shows on the control panel's pages.
 void ColourChanged() {
   if (HWND panel = platform::BoundWindow(platform::Window::ControlPanel))
@@ -76,7 +66,7 @@ void ColourChanged() {
 }  // namespace
 
 void InstallStrokeWindows() {
-  strokeWindows.cursor = Cursor;
+  strokeWindows.cursor = platform::SetCustomCursor;
   strokeWindows.colourChanged = ColourChanged;
   strokeWindows.invertScreenLine = InvertScreenLine;
   strokeWindows.drawPenOutline = DrawPenOutline;

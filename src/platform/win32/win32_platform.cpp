@@ -10,11 +10,24 @@ namespace platform {
 
 namespace {
 std::array<HWND, 16> boundWindows{};
-}
+bool customCursor = false;
+}  // namespace
 
 void BindWindow(Window role, HWND window) { boundWindows[static_cast<size_t>(role)] = window; }
 
 HWND BoundWindow(Window role) { return boundWindows[static_cast<size_t>(role)]; }
+
+void SetCustomCursor(const char* name) {
+  HCURSOR cursor = LoadCursor(nullptr, IDC_ARROW);
+  if (name) {
+    cursor = LoadCursorW(GetModuleHandleW(nullptr), Widen(name).c_str());
+    if (!cursor) cursor = LoadCursor(nullptr, IDC_CROSS);
+  }
+  SetCursor(cursor);
+  customCursor = name != nullptr;
+}
+
+bool CustomCursorShown() { return customCursor; }
 
 std::wstring Widen(const std::string& utf8) {
   if (utf8.empty()) return {};
@@ -133,6 +146,10 @@ void DrainPointerMessages() {
   // A window handle of -1 takes only thread messages posted to no window.
   while (PeekMessageW(&msg, reinterpret_cast<HWND>(-1), 0, 0, PM_REMOVE)) {
   }
+  // The frame's timers go on ticking: its key polling is the only way for
+  // keys to reach the picture while a loop owns the input.
+  if (HWND frame = BoundWindow(Window::Frame))
+    while (PeekMessageW(&msg, frame, WM_TIMER, WM_TIMER, PM_REMOVE)) DispatchMessageW(&msg);
 }
 
 uint32_t TickCount() { return GetTickCount(); }

@@ -17,10 +17,14 @@
 #include "shell/undo_commands.h"
 #include "shell/command_ids.h"
 #include "shell/frame_layout.h"
+#include "shell/right_click_keys.h"
+#include "shell/smooth_zoom_tool.h"
 #include "shell/tool_change.h"
 #include "shell/win/dialogs.h"
 #include "shell/win/frame_menus.h"
 #include "shell/win/frame_window.h"
+#include "shell/win/help_command.h"
+#include "shell/win/key_poll_timer.h"
 #include "shell/win/shell_globals.h"
 #include "shell/win/shell_windows_win.h"
 #include "shell/win/side_windows.h"
@@ -82,7 +86,10 @@ bool OnFrameCreate(HWND frame, const CREATESTRUCTW* create) {
   LoadPenState();
   BuildTip();
   InstallUndoHistory();
+  InstallSmoothZoomTool(tempFolder);
   RegisterFrameDialogs();
+  RegisterHelpCommand();
+  InstallRightClickKeys();
   DragAcceptFiles(frame, TRUE);
   ShowHistoryInMenus();
   // The files of the command line open once the loop runs.
@@ -91,5 +98,6 @@ bool OnFrameCreate(HWND frame, const CREATESTRUCTW* create) {
     for (const std::string& file : *files) PostCommand(frame, cmd::kOpenPath, file.c_str());
   if (settings.filterPanelOpen) PostCommand(frame, cmd::kFilterPanel);
   if (settings.settingsPanelOpen) PostCommand(frame, cmd::kSettingsPanel);
+  StartKeyPolling(frame);
   return true;
 }

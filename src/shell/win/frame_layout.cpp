@@ -28,7 +28,7 @@ void LayOutFrameWindows() {
   in.statusBarOn = settings.statusBarOn != 0;
   in.ctrlPanelOn = settings.ctrlPanelOn != 0;
   in.panelOnLeft = settings.ctrlPanelSide != 0;
-  in.panelPageDocked = false;  // the panel holds no docked page
+  in.panelPageDocked = GetWindow(ctrlPanel, GW_CHILD) != nullptr;
   in.buttonHeight = ToolButtonHeight();
   const FrameLayout layout = LayOutFrame(in);
   Place(ctrlPanel, layout.ctrlPanel);

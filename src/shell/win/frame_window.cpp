@@ -6,8 +6,10 @@
 #include "platform/win32/win32_platform.h"
 #include "shell/command_routing.h"
 #include "shell/documents.h"
+#include "shell/key_polling.h"
 #include "shell/win/frame_input.h"
 #include "shell/win/frame_menus.h"
+#include "shell/win/key_poll_timer.h"
 #include "shell/win/shell_globals.h"
 #include "shell/win/shell_windows_win.h"
 #include "shell/win/side_windows.h"
@@ -60,6 +62,7 @@ LRESULT CALLBACK FrameProc(HWND frame, UINT message, WPARAM wParam, LPARAM lPara
     case WM_CREATE:
       return OnFrameCreate(frame, reinterpret_cast<CREATESTRUCTW*>(lParam)) ? 0 : -1;
     case WM_DESTROY:
+      StopKeyPolling(frame);
       frameDestroyHooks.Run();
       DeleteTemporaryFiles();
       PostQuitMessage(0);
@@ -76,6 +79,17 @@ LRESULT CALLBACK FrameProc(HWND frame, UINT message, WPARAM wParam, LPARAM lPara
     case WM_COMMAND:
       if (IsMdiItem(LOWORD(wParam))) break;
       RouteCommand(LOWORD(wParam), lParam);
+      return 0;
+    case WM_TIMER:
+      if (OnKeyPollTimer(wParam)) return 0;
+      break;
+    case WM_ACTIVATEAPP:
+      appActive = wParam != 0;
+      break;
+    case WM_MOUSEMOVE:
+      // A tool's cursor that outlived the pointer's stay on the view gives
+      // way here; the tool shows it again when the pointer comes back.
+      if (platform::CustomCursorShown()) platform::SetCustomCursor(nullptr);
       return 0;
     case WM_INITMENUPOPUP:
       if (!HIWORD(lParam)) UpdateMenuStates(reinterpret_cast<HMENU>(wParam));

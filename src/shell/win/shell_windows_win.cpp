@@ -70,6 +70,20 @@ void MoveDocument(Canvas* canvas, int width, int height) {
   MoveWindow(document, r.left, r.top, width, height, TRUE);
 }
 
+// Q and the context key: a right press on the program's window under the
+// pointer, with the keys held now.
+void RightClickAtPointer() {
+  POINT at;
+  GetCursorPos(&at);
+  HWND under = WindowFromPoint(at);
+  if (!under || GetWindowThreadProcessId(under, nullptr) != GetCurrentThreadId()) return;
+  ScreenToClient(under, &at);
+  WPARAM keys = MK_RBUTTON;
+  if (GetKeyState(VK_SHIFT) < 0) keys |= MK_SHIFT;
+  if (GetKeyState(VK_CONTROL) < 0) keys |= MK_CONTROL;
+  SendMessageW(under, WM_RBUTTONDOWN, keys, MAKELPARAM(at.x, at.y));
+}
+
 // The document windows' side.
 Canvas* OpenDocumentWindow(HWND document) { return OpenDocument(document); }
 
@@ -112,6 +126,7 @@ void ConnectShellWindows() {
   };
   w.moveDocument = MoveDocument;
   w.toolButtonsChanged = [](int, int) { InvalidateRect(toolBar, nullptr, TRUE); };
+  w.rightClickAtPointer = RightClickAtPointer;
 }
 
 bool RegisterDocumentWindows() {

@@ -3,8 +3,11 @@
 // their buttons and pages from their own parts of the program.
 #include "shell/win/side_windows.h"
 
+#include "paint/stored_pen.h"
+#include "paint/win/control_page_win.h"
 #include "platform/win32/win32_platform.h"
 #include "settings/settings.h"
+#include "shell/input_rules.h"
 #include "shell/status_text.h"
 #include "shell/win/shell_globals.h"
 
@@ -75,6 +78,28 @@ LRESULT CALLBACK BarProc(HWND bar, UINT message, WPARAM wParam, LPARAM lParam) {
   return DefWindowProcW(bar, message, wParam, lParam);
 }
 
+// The control panel holds its page, the size of its client area, and
+// passes it the panel messages.
+LRESULT CALLBACK CtrlPanelProc(HWND panel, UINT message, WPARAM wParam, LPARAM lParam) {
+  HWND page = GetWindow(panel, GW_CHILD);
+  switch (message) {
+    case WM_SIZE:
+      if (page) MoveWindow(page, 0, 0, LOWORD(lParam), HIWORD(lParam), TRUE);
+      return 0;
+    case platform::MsgPanelRefresh:
+    case platform::MsgPanelsRepaint:
+      if (page) SendMessageW(page, message, wParam, lParam);
+      return 0;
+  }
+  return BarProc(panel, message, wParam, lParam);
+}
+
+// Keys 1 to 9 in a picture load the stored pens, with Shift they store them.
+void HandlePenKeys(Canvas*, DocumentKey key) {
+  if (key.kind == DocumentKeyKind::ChoosePen || key.kind == DocumentKeyKind::StorePen)
+    StoredPenKey(startFolder, key.value, key.kind == DocumentKeyKind::StorePen);
+}
+
 bool Register(const wchar_t* name, WNDPROC proc) {
   WNDCLASSEXW wc{};
   wc.cbSize = sizeof wc;
@@ -96,14 +121,17 @@ HWND CreateBar(const wchar_t* name, HWND frame, int id) {
 
 bool RegisterSideWindowClasses() {
   return Register(kStatusBarClass, StatusBarProc) && Register(kToolBarClass, BarProc) &&
-         Register(kCtrlPanelClass, BarProc);
+         Register(kCtrlPanelClass, CtrlPanelProc);
 }
 
 bool CreateSideWindows(HWND frame) {
   statusBar = CreateBar(kStatusBarClass, frame, kStatusBarId);
   toolBar = CreateBar(kToolBarClass, frame, kToolBarId);
   ctrlPanel = CreateBar(kCtrlPanelClass, frame, kCtrlPanelId);
-  return statusBar && toolBar && ctrlPanel;
+  if (!statusBar || !toolBar || !ctrlPanel) return false;
+  // Without its page the panel stays a strip in the corner.
+  if (CreateControlPage(ctrlPanel, startFolder)) documentKeyHooks.Add(HandlePenKeys);
+  return true;
 }
 
 int ToolButtonHeight() {

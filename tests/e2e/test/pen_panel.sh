@@ -1,0 +1,111 @@
+# The CONTROL page edits the live pen with real clicks: the block shape,
+# sized by a drag in the preview, paints a 21 x 21 square; Noise chosen
+# from the mode popup paints noise; the Color button brings the colour
+# back; a dot pen tile paints its own tip; a stored pen brings its panel
+# back onto the page.
+. "$(dirname "$0")/../lib.sh"
+
+# The middle of a control of the page, by its depth and number.
+centre_of() {
+  read -r cx cy cw ch <<<"$(screen_rect "^$1 $2#$3 ")"
+  [ -n "${cx:-}" ] || fail "no control $2#$3 at depth $1"
+  echo "$((cx + cw / 2)) $((cy + ch / 2))"
+}
+click_control() {
+  read -r px py <<<"$(centre_of "$@")"
+  xdotool mousemove "$px" "$py" click 1
+  sleep 0.3
+}
+control_text() { probe | sed -n "s/^$1 $2#$3 \"\(.*\)\" .*/\1/p" | head -1; }
+# Waits until a control shows a text.
+wait_text() {
+  local end=$((SECONDS + 10))
+  until [ "$(control_text "$1" "$2" "$3")" = "$4" ]; do
+    [ $SECONDS -lt $end ] || fail "$2#$3 shows '$(control_text "$1" "$2" "$3")', not '$4'"
+    sleep 0.2
+  done
+}
+# A single dab: Shift held, the button pressed on the picture at x, y; the
+# stroke polls the button, so it stays down a while.
+dab() {
+  xdotool mousemove $((vx + $1)) $((vy + $2)) keydown shift mousedown 1
+  sleep 0.3
+  xdotool mouseup 1 keyup shift
+}
+
+start_tesel
+new_document 200 150
+wait_for '^4 CanvWndDispClass#0 "" 200x150 '
+read -r vx vy _ _ <<<"$(view_rect)"
+# The page fills the 180-pixel column.
+read -r _ _ pw _ <<<"$(screen_rect '^2 #32770#0 ')"
+[ "$pw" = 180 ] || fail "the page is $pw pixels wide, not 180"
+shot
+keep_shot pen-panel
+
+# Shape 10 is the block; a drag 10 pixels right of the preview's middle
+# with the left button makes both radii 10: a 21 x 21 block.
+click_control 4 Button 10
+read -r px py <<<"$(centre_of 4 tslTipPreview 100)"
+drag "$px,$py" "$((px + 5)),$((py + 3))" "$((px + 10)),$((py + 3))"
+wait_text 4 Button 101 "21 x 21 ▾"
+dab 50 40
+xdotool mousemove 5 5
+shot
+box=$(not_white_box $vx $vy 200 150)
+[ "$box" = "21x21+40+30" ] || fail "the block dab covers '$box', not 21x21+40+30"
+expect_pixel $((vx + 50)) $((vy + 40)) "0 0 0" "the middle of the block"
+
+# Noise from the mode popup, chosen with the keys in the open menu.
+click_control 3 Button 310
+dialog_keys Down Down Down Down Down Down Down Down Down Return
+sleep 0.3
+wait_text 3 Button 310 "Noise ▾"
+path=()
+for x in $(seq 30 10 170); do path+=("$((vx + x)),$((vy + 115))"); done
+drag "${path[@]}"
+xdotool mousemove 5 5
+shot
+noise=$(not_white_box $vx $((vy + 80)) 200 70)
+[ -n "$noise" ] || fail "Noise left the paper white"
+read -r w h x y <<<"$(echo "$noise" | tr 'x+' '  ')"
+[ $y -ge 20 ] && [ $((y + h)) -le 50 ] && [ $w -ge 100 ] ||
+  fail "the noise covers $noise, not a band along the path"
+[ "$(pixel $((vx + 100)) $((vy + 115)))" != "0 0 0" ] || fail "Noise painted black"
+
+# The Color button paints the pen's black again.
+click_control 3 Button 300
+wait_text 3 Button 310 "Color ▾"
+dab 150 40
+xdotool mousemove 5 5
+shot
+keep_shot pen-panel-used
+expect_pixel $((vx + 150)) $((vy + 40)) "0 0 0" "the colour dab"
+
+# The dot pens: the first tile of the first family paints its own tip,
+# no larger than the size the panel shows for it.
+click_control 4 Button 103
+wait_for '^4 Button#105 "Next" '
+click_control 4 Button 0
+read -r tw _ th <<<"$(control_text 4 Static 107)"
+[ -n "$tw" ] && [ -n "$th" ] || fail "no tip size shown"
+dab 100 75
+xdotool mousemove 5 5
+shot
+keep_shot pen-panel-dot
+box=$(not_white_box $((vx + 80)) $((vy + 55)) 40 40)
+read -r w h _ _ <<<"$(echo "$box" | tr 'x+' '  ')"
+[ -n "$box" ] && [ $w -le $((tw + 1)) ] && [ $h -le $((th + 1)) ] && [ $w -gt 2 ] ||
+  fail "the dot pen's dab covers '$box', its tip is $tw x $th"
+
+# The keys of the picture still work after clicks on the page: Shift+1
+# stores the pen; back on the brushes, 1 brings the dot pen back and the
+# page shows its panel again.
+keys shift+1
+wait_for '"Now registered to \[1\]!"'
+dialog_keys Return
+wait_gone '"Now registered to \[1\]!"'
+click_control 4 Button 103
+wait_for '^4 Button#103 "Dot Pens" '
+keys 1
+wait_for '^4 Button#105 "Next" '

@@ -1,0 +1,33 @@
+#include <gtest/gtest.h>
+
+#include "paint/stroke_engine.h"
+#include "shell/input_rules.h"
+#include "shell/right_click_keys.h"
+#include "shell/shell_windows.h"
+
+namespace {
+
+TEST(RightClickKeys, QAndTheContextKeyPressTheRightButtonOutsideAStroke) {
+  StrokeEngine.Reset();
+  documentKeyHooks.Clear();
+  shellWindows = {};
+  int rightClicks = 0;
+  shellWindows.rightClickAtPointer = [&] { ++rightClicks; };
+  InstallRightClickKeys();
+  auto key = [](int vk) { DocumentKeyDown(nullptr, vk, false); };
+
+  key('Q');
+  key(0x5D);  // the context key
+  key('W');
+  key(0x1B);  // Esc is not a press
+  EXPECT_EQ(rightClicks, 2);
+  StrokeEngine.running = 1;  // polled mid-stroke: no second loop
+  key('Q');
+  EXPECT_EQ(rightClicks, 2);
+
+  StrokeEngine.Reset();
+  documentKeyHooks.Clear();
+  shellWindows = {};
+}
+
+}  // namespace
