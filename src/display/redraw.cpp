@@ -6,6 +6,7 @@
 #include "display/dither.h"
 #include "display/grid.h"
 #include "display/scale_tile.h"
+#include "display/view_paint.h"
 #include "display/zoom.h"
 
 namespace {
@@ -100,7 +101,10 @@ ViewRect DrawTile(Canvas* canvas, const RedrawTile& t) {
 
 void RedrawRect(Canvas* canvas, int x0, int y0, int x1, int y1) {
   const std::vector<RedrawTile> tiles = PlanRedraw(canvas, x0, y0, x1, y1);
+  if (tiles.empty()) return;
+  OverlaysOff(canvas);
   ViewRect covered{};
   for (const RedrawTile& tile : tiles) covered = Union(covered, DrawTile(canvas, tile));
-  if (!tiles.empty()) DrawGrid(canvas, tiles, covered);
+  DrawGrid(canvas, tiles, covered);
+  OverlaysOn(canvas);
 }

@@ -41,5 +41,6 @@ ViewRect DrawTile(Canvas* canvas, const RedrawTile& tile);
 // Repaints view pixels x0..x1, y0..y1 (the far edge may be exclusive, as an
 // update rectangle gives it). The grid is drawn once over all the tiles,
 // clipped to what they covered, so an inverted line is never inverted twice
-// where tiles overlap.
+// where tiles overlap. The overlays come off around it (view_paint.h), so
+// that the tiles never cover one its owner believes shown.
 void RedrawRect(Canvas* canvas, int x0, int y0, int x1, int y1);

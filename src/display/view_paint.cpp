@@ -4,10 +4,18 @@
 
 std::function<void(Canvas* canvas)> overlayToggles[kOverlayCount];
 
-void PaintView(Canvas* canvas, int x0, int y0, int x1, int y1) {
+void OverlaysOff(Canvas* canvas) {
   for (int i = 0; i < kOverlayCount; ++i)
     if (overlayToggles[i]) overlayToggles[i](canvas);
-  RedrawRect(canvas, x0, y0, x1, y1);
+}
+
+void OverlaysOn(Canvas* canvas) {
   for (int i = kOverlayCount - 1; i >= 0; --i)
     if (overlayToggles[i]) overlayToggles[i](canvas);
+}
+
+// The update region was validated already, and RedrawRect keeps the
+// overlays intact.
+void PaintView(Canvas* canvas, int x0, int y0, int x1, int y1) {
+  RedrawRect(canvas, x0, y0, x1, y1);
 }

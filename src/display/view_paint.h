@@ -1,8 +1,10 @@
-// The paint of displayWnd. The overlays on the picture (pen outline,
-// Loope box, resize box, Draft outline and objects, Smooth Zoom's frame)
-// are drawn by inversion, so one call of an overlay's toggle takes it off
-// and the next puts it back. They come off in this order around the redraw
-// and go back on in the reverse order, which keeps each intact.
+// The overlays on the picture (pen outline, Loope box, resize box, Draft
+// outline and objects, Smooth Zoom's frame) are drawn by inversion, so one
+// call of an overlay's toggle takes it off and the next puts it back. Any
+// repaint of the picture would cover them while their owners believe them
+// shown, so every repaint (RedrawRect, and so WM_PAINT too) takes them off
+// in this order before its tiles go out and puts them back in the reverse
+// order after.
 #pragma once
 
 #include <functional>
@@ -20,6 +22,10 @@ enum Overlay {
 
 // Each overlay's owner registers its toggle; an empty one is skipped.
 extern std::function<void(Canvas* canvas)> overlayToggles[kOverlayCount];
+
+// Every overlay on canvas off, in the order above; and back on, in reverse.
+void OverlaysOff(Canvas* canvas);
+void OverlaysOn(Canvas* canvas);
 
 // WM_PAINT of displayWnd, once BeginPaint and EndPaint are done, with its
 // update rectangle in view pixels.

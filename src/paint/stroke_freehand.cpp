@@ -41,7 +41,6 @@ int RunFreehandStroke(Canvas* canvas, int, int, int rightButton) {
   const bool singleShot = SingleShotHeld();
   // Only the Clone pen's outline moves with the stroke: it shows the source.
   const bool clone = pen.mode == kModeClone;
-  if (clone) HidePenOutline();
   LayerRowCaches(canvas, true);
 
   for (;;) {

@@ -6,6 +6,7 @@
 #include "paint/dab_count.h"
 #include "paint/pen_record.h"
 #include "paint/stroke_engine.h"
+#include "paint/stroke_outline.h"
 #include "paint/stroke_snapshot.h"
 #include "paint/stroke_windows.h"
 #include "platform/platform.h"
@@ -31,6 +32,9 @@ int BeginStroke(Canvas* canvas, int rightButton) {
   if (rightButton && !undoPen) return 0;
   if (!rightButton && undoPen) TakeUndoPenSnapshot(canvas);
   dabCount = 0;
+  // The pen's outline stays off the screen while the stroke paints; only
+  // the Clone pen's loop brings it back, to show the source as it moves.
+  HidePenOutline();
   if (strokeWindows.draftOverlay) strokeWindows.draftOverlay(canvas, 0);
   StrokeEngine.running = 1;
   return 1;

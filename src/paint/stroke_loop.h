@@ -13,8 +13,8 @@ bool SingleShotHeld();
 
 // The start of every loop (no eraser mode saved yet): 0 when the right button has no stroke to run
 // (the dropper takes over). A left stroke with the Undo Pen chosen takes a
-// new snapshot. Then dabCount starts at 0 and the Draft's overlay comes
-// off.
+// new snapshot. Then dabCount starts at 0 and the pen's outline and the
+// Draft's overlay come off.
 int BeginStroke(Canvas* canvas, int rightButton);
 // The end of every loop: the Draft's overlay back, the canvas marked
 // changed (the layer panel redraws it), the colour mask map freed, and the

@@ -9,7 +9,6 @@
 #include "paint/stroke_clone_source.h"
 #include "paint/stroke_dropper.h"
 #include "paint/stroke_engine.h"
-#include "paint/stroke_outline.h"
 #include "paint/stroke_loops.h"
 #include "paint/stroke_outline.h"
 #include "paint/stroke_snapshot.h"

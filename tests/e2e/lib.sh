@@ -137,12 +137,30 @@ view_rect() { screen_rect '^4 CanvWndDispClass#0 '; }
 # A screenshot whose pixels `pixel` reads; keep_shot keeps the last one in
 # the output folder.
 SHOT=$(dirname "$DIST")/shot
-shot() {
-  sleep 0.5  # what the last input changed has painted
+grab() {
   import -window root "$SHOT.png"
   convert "$SHOT.png" -depth 8 "rgb:$SHOT.rgb"
   SHOT_WIDTH=$(identify -format %w "$SHOT.png")
 }
+shot() {
+  sleep 0.5  # what the last input changed has painted
+  grab
+}
+# Screenshots until the last one passes a check (a command with its
+# arguments), for at most the given seconds: on a busy machine what the
+# last input changed may paint late. The test then checks that screenshot
+# as usual, so a state that never comes still fails there, with its message.
+shot_until() {
+  local end=$((SECONDS + $1))
+  shift
+  grab
+  until "$@" || [ $SECONDS -ge $end ]; do
+    sleep 0.1
+    grab
+  done
+}
+pixel_is() { [ "$(pixel "$1" "$2")" = "$3" ]; }
+pixel_is_not() { [ "$(pixel "$1" "$2")" != "$3" ]; }
 keep_shot() { cp "$SHOT.png" "$OUT/$1.png"; }
 # "<red> <green> <blue>" of the last screenshot at screen x, y.
 pixel() { od -An -tu1 -j $((($2 * SHOT_WIDTH + $1) * 3)) -N3 "$SHOT.rgb" | xargs; }
@@ -174,6 +192,22 @@ pointer_off_documents() {
   read -r px py _ _ <<<"$(screen_rect '^1 ToolBarClass#3 ')"
   xdotool mousemove $((px + 300)) $((py + 10))
   sleep 0.3
+}
+
+# A stroke of the left button through screen points "x,y x,y ...", each
+# joined to the last in a straight line: at each the pointer rests until
+# the paint has reached it on the screen. A stroke polls the pointer, and
+# on a busy machine it would otherwise see few points of a quick drag and
+# join them in long straight segments, cutting the corners.
+paint_through() {
+  local point
+  xdotool mousemove "${1%,*}" "${1#*,}" mousedown 1
+  for point in "$@"; do
+    xdotool mousemove "${point%,*}" "${point#*,}"
+    shot_until 10 pixel_is_not "${point%,*}" "${point#*,}" "255 255 255"
+    pixel_is_not "${point%,*}" "${point#*,}" "255 255 255" || fail "the stroke never reached $point"
+  done
+  xdotool mouseup 1
 }
 
 # A press, moves in steps and a release of the left button along a path of

@@ -27,46 +27,62 @@ dialog_keys Return
 wait_gone '^0 #32770#0 "Grid"'
 
 read -r vx vy _ _ <<<"$(view_rect)"
-xdotool mousemove $((vx + 200)) $((vy + 100))
-shot
-keep_shot rulers-grid
+read -r hx hy _ _ <<<"$(screen_rect '^3 hGageClass#19 ')"
+read -r rx ry _ _ <<<"$(screen_rect '^3 vGageClass#20 ')"
 
-# Grid lines at 0, 16, 32 ... both ways; the pen's outline at the
-# pointer is far from all of these.
-for at in "16 8" "8 16" "0 100" "100 0" "320 250" "330 240" "624 470" "630 464"; do
-  read -r x y <<<"$at"
-  expect_pixel $((vx + x)) $((vy + y)) "$black" "grid line at $x,$y"
-done
-for at in "8 8" "40 40" "330 250" "16 16" "320 240" "624 464"; do
-  read -r x y <<<"$at"
-  expect_pixel $((vx + x)) $((vy + y)) "$white" "off the lines or where two cross, at $x,$y"
-done
-
+# The pixels of each part, checked by $1: expect_pixel, which fails, or
+# pixel_is, which only answers (while waiting for the screen to settle,
+# since menus and dialogs leave late repaints behind them).
+#
+# Grid lines at 0, 16, 32 ... both ways; the pen's outline at the pointer
+# is far from all of these.
+grid_pixels() {
+  local at x y
+  for at in "16 8" "8 16" "0 100" "100 0" "320 250" "330 240" "624 470" "630 464"; do
+    read -r x y <<<"$at"
+    $1 $((vx + x)) $((vy + y)) "$black" "grid line at $x,$y" || return 1
+  done
+  for at in "8 8" "40 40" "330 250" "16 16" "320 240" "624 464"; do
+    read -r x y <<<"$at"
+    $1 $((vx + x)) $((vy + y)) "$white" "off the lines or where two cross, at $x,$y" || return 1
+  done
+}
 # The scale is the upper half of the horizontal ruler (rows 0..2): a
 # hundred's tick crosses it, a fifty's is blue in the lower row. The mark
-# below stands at the pointer's column 200 in a 16-pixel light box.
-read -r hx hy _ _ <<<"$(screen_rect '^3 hGageClass#19 ')"
-for at in 0 100 300 600; do expect_pixel $((hx + at)) $hy "$black" "hundred's tick at $at"; done
-for at in 50 150 550; do
-  expect_pixel $((hx + at)) $hy "$scale" "above the fifty's tick at $at"
-  expect_pixel $((hx + at)) $((hy + 2)) "0 0 255" "fifty's tick at $at"
-done
-expect_pixel $((hx + 25)) $((hy + 1)) "$scale" "scale between ticks"
-expect_pixel $((hx + 200)) $((hy + 5)) "$black" "the horizontal mark"
-expect_pixel $((hx + 195)) $((hy + 5)) "$scale" "the mark's box"
-expect_pixel $((hx + 185)) $((hy + 5)) "$black" "beside the mark's box"
-# The vertical ruler: all ticks black, the mark at row 100.
-read -r rx ry _ _ <<<"$(screen_rect '^3 vGageClass#20 ')"
-expect_pixel $rx $((ry + 200)) "$black" "hundred's tick at 200"
-expect_pixel $((rx + 2)) $((ry + 250)) "$black" "fifty's tick at 250"
-expect_pixel $rx $((ry + 250)) "$scale" "beside the fifty's tick at 250"
-expect_pixel $((rx + 5)) $((ry + 100)) "$black" "the vertical mark"
-expect_pixel $((rx + 5)) $((ry + 95)) "$scale" "the vertical mark's box"
+# below stands at the pointer's column 200 in a 16-pixel light box. The
+# vertical ruler has all ticks black and the mark at row 100.
+ruler_pixels() {
+  local at
+  for at in 0 100 300 600; do $1 $((hx + at)) $hy "$black" "hundred's tick at $at" || return 1; done
+  for at in 50 150 550; do
+    $1 $((hx + at)) $hy "$scale" "above the fifty's tick at $at" || return 1
+    $1 $((hx + at)) $((hy + 2)) "0 0 255" "fifty's tick at $at" || return 1
+  done
+  $1 $((hx + 25)) $((hy + 1)) "$scale" "scale between ticks" &&
+    $1 $((hx + 200)) $((hy + 5)) "$black" "the horizontal mark" &&
+    $1 $((hx + 195)) $((hy + 5)) "$scale" "the mark's box" &&
+    $1 $((hx + 185)) $((hy + 5)) "$black" "beside the mark's box" &&
+    $1 $rx $((ry + 200)) "$black" "hundred's tick at 200" &&
+    $1 $((rx + 2)) $((ry + 250)) "$black" "fifty's tick at 250" &&
+    $1 $rx $((ry + 250)) "$scale" "beside the fifty's tick at 250" &&
+    $1 $((rx + 5)) $((ry + 100)) "$black" "the vertical mark" &&
+    $1 $((rx + 5)) $((ry + 95)) "$scale" "the vertical mark's box"
+}
+# Where grid lines were.
+no_grid_pixels() {
+  $1 $((vx + 16)) $((vy + 8)) "$white" "where a grid line was" &&
+    $1 $((vx + 320)) $((vy + 250)) "$white" "where a grid line was"
+}
+all_pixels() { grid_pixels "$1" && ruler_pixels "$1"; }
+
+xdotool mousemove $((vx + 200)) $((vy + 100))
+shot_until 10 all_pixels pixel_is
+keep_shot rulers-grid
+all_pixels expect_pixel
 
 # Grid again: off, without the dialog.
 xdotool mousemove 5 5
 view_menu 6
-shot
+shot_until 10 no_grid_pixels pixel_is
 probe | grep -q '"Grid"' && fail "the dialog came up to turn the grid off"
-expect_pixel $((vx + 16)) $((vy + 8)) "$white" "where a grid line was"
-expect_pixel $((vx + 320)) $((vy + 250)) "$white" "where a grid line was"
+no_grid_pixels expect_pixel
