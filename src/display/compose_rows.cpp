@@ -92,16 +92,13 @@ bool ReadLayerSpan(Plane* plane, const PlaneSlot& slot, int y, int x0, const Lay
 
 void PrefetchLayerSpan(const Plane* plane, const PlaneSlot& slot, int y, int x0,
                        const LayerSpan& span) {
-  if (plane->kind != Physical) return;
   const int64_t row = static_cast<int64_t>(y) - slot.top;
   const int64_t first = static_cast<int64_t>(x0) + span.first - slot.left;
-  const int64_t last = std::min<int64_t>(static_cast<int64_t>(x0) + span.last - slot.left,
-                                         plane->width - 1);
-  if (row < 0 || row >= plane->height || first > last) return;
-  const uint8_t* bytes = plane->flatBytes + row * plane->stride + first * plane->bytesPerPixel;
-  const int64_t count = (last - first + 1) * plane->bytesPerPixel;
-  for (int64_t at = 0; at < count; at += 64) __builtin_prefetch(bytes + at);
-  __builtin_prefetch(bytes + count - 1);
+  const int64_t last = static_cast<int64_t>(x0) + span.last - slot.left;
+  // The span lies in the layer, so only a far-off layer takes these out of range.
+  if (row > INT32_MAX || first > INT32_MAX) return;
+  PlaneStore.PrefetchRows(plane, static_cast<int>(row), 1, static_cast<int>(first),
+                          static_cast<int>(std::min<int64_t>(last, INT32_MAX)));
 }
 
 void FillBackground(uint8_t* row, int n) {

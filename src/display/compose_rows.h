@@ -55,8 +55,7 @@ bool ReadLayerSpan(Plane* plane, const PlaneSlot& slot, int y, int x0, const Lay
                    unsigned bytesPerPixel, uint8_t* row);
 
 // A hint that the plane's row for canvas row y over the span is wanted
-// soon. Only a Physical plane is fetched ahead, straight from where its row
-// lies; the other kinds bring rows in through their own caches.
+// soon (the store's PrefetchRows).
 void PrefetchLayerSpan(const Plane* plane, const PlaneSlot& slot, int y, int x0,
                        const LayerSpan& span);
 

@@ -47,24 +47,13 @@ bool TakesRow(const BlendTarget& target, int y, int x0, int x1) {
          RowOnPlane(*target.slot, y, x0, x1) && RowOnCanvas(target.canvas, y, x0, x1);
 }
 
-void ReadTargetRows(const BlendTarget& target, int y0, int n, const bool* taken, int x0, int x1,
+void ReadTargetRows(const BlendTarget& target, int y0, int n, int x0, int x1,
                     const TargetRows& rows, int stride) {
-  Canvas* canvas = target.canvas;
-  for (int i = 0; i < n; ++i)
-    if (taken[i]) ReadImageRow(canvas, y0 + i, x0, x1, rows.dest + size_t(3) * i * stride);
-  if (target.accurate)
-    for (int i = 0; i < n; ++i)
-      if (taken[i]) ReadImageRowLow(canvas, y0 + i, x0, x1, rows.destLow + size_t(3) * i * stride);
+  ReadImageRows(target.canvas, y0, n, x0, x1, rows.dest, stride);
+  if (target.accurate) ReadImageRowsLow(target.canvas, y0, n, x0, x1, rows.destLow, stride);
   if (target.how != TransparencyBlend::None)
-    for (int i = 0; i < n; ++i)
-      if (taken[i])
-        ReadLayerPlaneRow(canvas, y0 + i, x0, x1, rows.transparency + size_t(i) * stride,
-                          kTransparencyPosition);
-}
-
-void ReadTargetRow(const BlendTarget& target, int y, int x0, int x1, const TargetRows& rows) {
-  const bool taken = true;
-  ReadTargetRows(target, y, 1, &taken, x0, x1, rows, 0);
+    ReadLayerPlaneRows(target.canvas, y0, n, x0, x1, rows.transparency, stride,
+                       kTransparencyPosition);
 }
 
 void BlendTargetRow(const BlendTarget& target, const uint8_t* source, const uint8_t* tipHigh,
@@ -78,11 +67,13 @@ void BlendTargetRow(const BlendTarget& target, const uint8_t* source, const uint
     Blend8(blend, target.how, target.thickness, target.density);
 }
 
-void WriteTargetRow(const BlendTarget& target, int y, int x0, int x1, const TargetRows& rows) {
-  WriteImageRow(target.canvas, y, x0, x1, rows.dest);
-  if (target.accurate) WriteImageRowLow(target.canvas, y, x0, x1, rows.destLow);
+void WriteTargetRows(const BlendTarget& target, int y0, int n, int x0, int x1,
+                     const TargetRows& rows, int stride) {
+  WriteImageRows(target.canvas, y0, n, x0, x1, rows.dest, stride);
+  if (target.accurate) WriteImageRowsLow(target.canvas, y0, n, x0, x1, rows.destLow, stride);
   if (target.how != TransparencyBlend::None)
-    WriteLayerPlaneRow(target.canvas, y, x0, x1, rows.transparency, kTransparencyPosition);
+    WriteLayerPlaneRows(target.canvas, y0, n, x0, x1, rows.transparency, stride,
+                        kTransparencyPosition);
 }
 
 void BlendRow(Canvas* canvas, const uint8_t* sourceRow, const uint8_t* tipHighRow,
@@ -99,8 +90,8 @@ void BlendRow(Canvas* canvas, const uint8_t* sourceRow, const uint8_t* tipHighRo
     }
   }
   const TargetRows rows{PenRows.destRow, PenRows.destLowRow, PenRows.transparencyRow};
-  ReadTargetRow(target, y, x0, x1, rows);
+  ReadTargetRows(target, y, 1, x0, x1, rows, 0);
   BlendTargetRow(target, sourceRow, tipHighRow, tipLowRow, sourceOpacityRow, protectRow, rows,
                  count, false);
-  WriteTargetRow(target, y, x0, x1, rows);
+  WriteTargetRows(target, y, 1, x0, x1, rows, 0);
 }

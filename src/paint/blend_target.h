@@ -29,15 +29,17 @@ BlendTarget TargetOf(Canvas* canvas, int kind);
 // Whether BlendRow takes canvas columns x0..x1 of row y: on the plane and
 // on the canvas, and no longer than the pipeline's rows.
 bool TakesRow(const BlendTarget& target, int y, int x0, int x1);
-void ReadTargetRow(const BlendTarget& target, int y, int x0, int x1, const TargetRows& rows);
-// ReadTargetRow for rows y0 to y0 + n - 1 where taken is set, row i going
-// stride pixels after row 0 in each of rows. The rows are read plane by
-// plane, so that the processor fetches many of them at once.
-void ReadTargetRows(const BlendTarget& target, int y0, int n, const bool* taken, int x0, int x1,
+// Rows y0 to y0 + n - 1 of the plane (and of its low bytes and its
+// transparency where the blend takes them), row i going stride pixels
+// after row 0 in each of rows. The rows are read plane by plane, so that
+// the processor fetches many of them at once.
+void ReadTargetRows(const BlendTarget& target, int y0, int n, int x0, int x1,
                     const TargetRows& rows, int stride);
 // The blend of count pixels; the tip and protection as BlendRow takes
 // them. With slack, every row given has slack (dab_rows.h).
 void BlendTargetRow(const BlendTarget& target, const uint8_t* source, const uint8_t* tipHigh,
                     const uint8_t* tipLow, const uint8_t* sourceOpacity, const uint8_t* protect,
                     const TargetRows& rows, int count, bool slack);
-void WriteTargetRow(const BlendTarget& target, int y, int x0, int x1, const TargetRows& rows);
+// Back to the planes, rows y0 to y0 + n - 1 laid as ReadTargetRows reads them.
+void WriteTargetRows(const BlendTarget& target, int y0, int n, int x0, int x1,
+                     const TargetRows& rows, int stride);

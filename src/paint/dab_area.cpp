@@ -1,9 +1,9 @@
 // A dab of the flat colour reads nothing of the plane in its kernel, and
 // its rows are the plane's only writer while it runs; so the protection and
-// the plane's rows of many of its rows can be read ahead, and the processor
-// fetches them together instead of one row at a time. The blends and their
-// random draws still come row after row, in order, as in the plain
-// pipeline.
+// the plane's rows of many of its rows can be read ahead, the processor
+// fetching them together, and one blend can take them all. That blend goes
+// over the rows in order, so its random draws come as in the plain
+// pipeline, row after row.
 #include "paint/dab_area.h"
 
 #include <algorithm>
@@ -14,73 +14,92 @@
 #include "paint/color_mask.h"
 #include "paint/mode_kernels.h"
 #include "paint/pen_modes.h"
+#include "paint/pen_record.h"
 
 namespace {
 
-// The rows read ahead: as many as these hold.
+// The rows read ahead, one after another with no gap, so that one blend
+// takes them all: as many as these hold, and a vector block of slack.
 constexpr int kBandPixels = 32768;
-uint8_t bandProtect[kBandPixels];
-uint8_t bandDest[kBandPixels * 3];
-uint8_t bandDestLow[kBandPixels * 3];
-uint8_t bandTransparency[kBandPixels];
-bool bandTaken[kBandPixels / kRowBlock];
+uint8_t bandSource[(kBandPixels + kRowBlock) * 3];
+uint8_t bandProtect[kBandPixels + kRowBlock];
+uint8_t bandDest[(kBandPixels + kRowBlock) * 3];
+uint8_t bandDestLow[(kBandPixels + kRowBlock) * 3];
+uint8_t bandTransparency[kBandPixels + kRowBlock];
+const TargetRows band{bandDest, bandDestLow, bandTransparency};
 
-void PaintRowByRow(Canvas* canvas, const DabArea& area, TipRows& tip) {
+// The pen's colour over the first `pixels` of bandSource. Nothing else
+// writes there, so what the last dab filled stays while the colour does.
+void FillBandSource(int pixels) {
+  static uint8_t filledColor[3];
+  static int filledPixels = 0;
+  const uint8_t color[3] = {uint8_t(pen.blue), uint8_t(pen.green), uint8_t(pen.red)};
+  if (std::memcmp(color, filledColor, 3) != 0) {
+    std::memcpy(filledColor, color, 3);
+    filledPixels = 0;
+  }
+  if (pixels <= filledPixels) return;
+  FillColor(bandSource, pixels);
+  filledPixels = pixels;
+}
+
+// Row r of the tip, or null.
+const uint8_t* TipRow(const uint8_t* tip, const DabArea& area, int r) {
+  return tip ? tip + size_t(r) * area.width : nullptr;
+}
+
+void PaintRowByRow(Canvas* canvas, const DabArea& area, const DabTip& tip) {
   const int x0 = area.left, x1 = area.left + area.width - 1;
   for (int r = 0; r < area.height; ++r) {
-    const uint8_t *high, *low;
-    tip.Row(r, &high, &low);
     int kind = kBlendOver;
     FetchModeRow(canvas, PenRows.sourceRow, PenRows.sourceOpacityRow, PenRows.protectRow,
                  area.top + r, x0, x1, area.boxLeft, area.boxTop, area.boxRight, area.boxBottom,
                  &kind);
-    BlendRow(canvas, PenRows.sourceRow, high, low, PenRows.sourceOpacityRow, PenRows.protectRow,
-             kind, area.top + r, x0, x1, 0);
+    BlendRow(canvas, PenRows.sourceRow, TipRow(tip.high, area, r), TipRow(tip.low, area, r),
+             PenRows.sourceOpacityRow, PenRows.protectRow, kind, area.top + r, x0, x1, 0);
   }
 }
 
-// Rows of a band stand a whole number of vector blocks apart, so that the
-// blend's slack stays within each.
-int BandStride(int count) { return (count + kRowBlock - 1) / kRowBlock * kRowBlock; }
+// The rows BlendRow takes lie together: only rows off the plane or the
+// canvas are left out, and those lie above or below the rest.
+struct TakenRows {
+  int first, last;  // rows of the dab, first > last when none
+};
 
-TargetRows BandRows(int i, int stride) {
-  const size_t at = size_t(i) * stride;
-  return TargetRows{bandDest + 3 * at, bandDestLow + 3 * at, bandTransparency + at};
+TakenRows RowsTaken(const BlendTarget& target, const DabArea& area) {
+  const int x0 = area.left, x1 = area.left + area.width - 1;
+  TakenRows taken{0, area.height - 1};
+  while (taken.first <= taken.last && !TakesRow(target, area.top + taken.first, x0, x1))
+    ++taken.first;
+  while (taken.last >= taken.first && !TakesRow(target, area.top + taken.last, x0, x1))
+    --taken.last;
+  return taken;
 }
 
-// Every row the blend is given has slack: the tip's, the band's and the
-// pen rows.
-void PaintFlat(Canvas* canvas, const DabArea& area, TipRows& tip) {
+// Bands of rows: the plane's rows read, one blend over all of them with
+// the tip's rows as they lie, and the rows written back.
+void PaintFlat(Canvas* canvas, const DabArea& area, const DabTip& tip) {
   const BlendTarget target = TargetOf(canvas, kBlendOver);
   const int x0 = area.left, x1 = area.left + area.width - 1, count = area.width;
-  const int stride = BandStride(count);
-  const int bandRows = kBandPixels / stride;
-  FillColor(PenRows.sourceRow, count);
-  for (int first = 0; first < area.height; first += bandRows) {
-    const int rows = std::min(bandRows, area.height - first);
-    for (int i = 0; i < rows; ++i) bandTaken[i] = TakesRow(target, area.top + first + i, x0, x1);
-    ReadTargetRows(target, area.top + first, rows, bandTaken, x0, x1, BandRows(0, stride), stride);
+  const int bandRows = kBandPixels / count;
+  const TakenRows taken = RowsTaken(target, area);
+  FillBandSource(std::min(bandRows, taken.last - taken.first + 1) * count);
+  for (int r = taken.first; r <= taken.last; r += bandRows) {
+    const int rows = std::min(bandRows, taken.last - r + 1), y0 = area.top + r;
+    PrefetchRowStarts(canvas, y0, rows, x0);
+    ReadTargetRows(target, y0, rows, x0, x1, band, count);
     // The flat colour's own protection is none.
-    for (int i = 0; i < rows; ++i)
-      if (bandTaken[i])
-        PlaneProtection(canvas, bandProtect + size_t(i) * stride, area.top + first + i, x0, x1);
-    for (int i = 0; i < rows; ++i) {
-      const uint8_t *high, *low;
-      tip.Row(first + i, &high, &low);
-      if (!bandTaken[i]) continue;
-      const int y = area.top + first + i;
-      BlendTargetRow(target, PenRows.sourceRow, high, low, PenRows.sourceOpacityRow,
-                     bandProtect + size_t(i) * stride, BandRows(i, stride), count, true);
-      WriteTargetRow(target, y, x0, x1, BandRows(i, stride));
-    }
+    PlaneProtection(canvas, bandProtect, y0, rows, x0, x1, count);
+    BlendTargetRow(target, bandSource, TipRow(tip.high, area, r), TipRow(tip.low, area, r),
+                   PenRows.sourceOpacityRow, bandProtect, band, rows * count, true);
+    WriteTargetRows(target, y0, rows, x0, x1, band, count);
   }
 }
 
 }  // namespace
 
-void PaintDab(Canvas* canvas, const DabArea& area, TipRows& tip) {
-  if (FlatColorKernel() && !ColorMaskActive() && area.width >= 1 &&
-      BandStride(area.width) <= kBandPixels)
+void PaintDab(Canvas* canvas, const DabArea& area, const DabTip& tip) {
+  if (FlatColorKernel() && !ColorMaskActive() && area.width >= 1 && area.width <= kBandPixels)
     PaintFlat(canvas, area, tip);
   else
     PaintRowByRow(canvas, area, tip);

@@ -6,13 +6,12 @@
 
 #include "document/canvas.h"
 
-// Where the tip's rows come from; taken once each, in order. Each row can
-// be read to its width rounded up to a whole vector block (dab_rows.h).
-class TipRows {
- public:
-  virtual ~TipRows() = default;
-  // Row r: its high bytes, and its low bytes or null.
-  virtual void Row(int r, const uint8_t** high, const uint8_t** low) = 0;
+// The tip of a dab: the area's width times its height of values, row
+// after row, high bytes and low bytes (or null), each followed by slack
+// for the vector kernels (dab_rows.h).
+struct DabTip {
+  const uint8_t* high;
+  const uint8_t* low;
 };
 
 struct DabArea {
@@ -20,4 +19,4 @@ struct DabArea {
   int boxLeft, boxTop, boxRight, boxBottom;  // the box the kernels are given
 };
 
-void PaintDab(Canvas* canvas, const DabArea& area, TipRows& tip);
+void PaintDab(Canvas* canvas, const DabArea& area, const DabTip& tip);

@@ -81,17 +81,30 @@ AVX2_CODE void BlendColorBlocksOf(const uint8_t* source, const uint8_t* strength
   }
 }
 
-}  // namespace
-
-AVX2_CODE void ShiftRowBlocks(const uint8_t* padded, const uint8_t* lower, unsigned fx, unsigned fy,
-                              uint8_t* upper, uint8_t* out, int blocks) {
+// A fraction of 0 passes each value through (Mul255(x, 255) is x), so the
+// mix it would make is left out.
+template <bool Across, bool Down>
+AVX2_CODE void ShiftBlocksOf(const uint8_t* padded, const uint8_t* lower, unsigned fx, unsigned fy,
+                             uint8_t* upper, uint8_t* out, int blocks) {
   const __m256i across = _mm256_set1_epi8(static_cast<char>(fx));
   const __m256i down = _mm256_set1_epi8(static_cast<char>(fy));
   for (int i = 0; i < blocks * kBlock; i += kBlock) {
-    const __m256i shifted = Mix8(Load(padded + i + 1), Load(padded + i), across);
+    __m256i shifted = Load(padded + i + 1);
+    if constexpr (Across) shifted = Mix8(shifted, Load(padded + i), across);
     Store(upper + i, shifted);
-    Store(out + i, Mix8(shifted, Load(lower + i), down));
+    Store(out + i, Down ? Mix8(shifted, Load(lower + i), down) : shifted);
   }
+}
+
+}  // namespace
+
+void ShiftRowBlocks(const uint8_t* padded, const uint8_t* lower, unsigned fx, unsigned fy,
+                    uint8_t* upper, uint8_t* out, int blocks) {
+  if (fx == 0)
+    return fy == 0 ? ShiftBlocksOf<false, false>(padded, lower, fx, fy, upper, out, blocks)
+                   : ShiftBlocksOf<false, true>(padded, lower, fx, fy, upper, out, blocks);
+  return fy == 0 ? ShiftBlocksOf<true, false>(padded, lower, fx, fy, upper, out, blocks)
+                 : ShiftBlocksOf<true, true>(padded, lower, fx, fy, upper, out, blocks);
 }
 
 AVX2_CODE void ScaleByteBlocks(const uint8_t* in, unsigned k, uint8_t* out, int blocks) {

@@ -61,21 +61,22 @@ uint8_t selectionProtection[kPenRowPixels];
 
 }  // namespace
 
-void PlaneProtection(Canvas* canvas, uint8_t* out, int y, int x0, int x1) {
+void PlaneProtection(Canvas* canvas, uint8_t* out, int y0, int n, int x0, int x1, int stride) {
   const int count = x1 - x0 + 1;
   if (ActiveIsImage(canvas))
-    ReadProtectionRow(canvas, y, x0, x1, out, ActiveLayerBase(canvas));
+    ReadProtectionRows(canvas, y0, n, x0, x1, out, stride, ActiveLayerBase(canvas));
   else
-    std::memset(out, 0, size_t(count));
-  if (fillInProgress || maskOutsideSelection) {
-    ReadSelectionBytes(canvas, y, x0, x1, selectionProtection);
-    OrRow(out, selectionProtection, count);
+    ClearRows(out, n, size_t(count), stride);
+  if (!fillInProgress && !maskOutsideSelection) return;
+  for (int i = 0; i < n; ++i) {
+    ReadSelectionBytes(canvas, y0 + i, x0, x1, selectionProtection);
+    OrRow(out + size_t(i) * stride, selectionProtection, count);
   }
 }
 
 void AddPlaneProtection(Canvas* canvas, uint8_t* protectRow, int y, int x0, int x1) {
   if (!ActiveIsImage(canvas) && !fillInProgress && !maskOutsideSelection) return;
-  PlaneProtection(canvas, planeProtection, y, x0, x1);
+  PlaneProtection(canvas, planeProtection, y, 1, x0, x1, 0);
   OrRow(protectRow, planeProtection, x1 - x0 + 1);
 }
 

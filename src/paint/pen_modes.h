@@ -89,5 +89,6 @@ void FetchModeRow(Canvas* canvas, uint8_t* sourceRow, uint8_t* sourceOpacityRow,
 // for the colour mask: the layer's on an image plane, and the selection's
 // during Fill or with "Mask Outside Selection".
 void AddPlaneProtection(Canvas* canvas, uint8_t* protectRow, int y, int x0, int x1);
-// The same protection written to out, as if ored into zeros.
-void PlaneProtection(Canvas* canvas, uint8_t* out, int y, int x0, int x1);
+// The same protection written to out, as if ored into zeros, for rows y0
+// to y0 + n - 1, row i at i * stride.
+void PlaneProtection(Canvas* canvas, uint8_t* out, int y0, int n, int x0, int x1, int stride);

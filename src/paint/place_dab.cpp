@@ -11,7 +11,6 @@
 #include "paint/pen_modes.h"
 #include "paint/pen_rows.h"
 #include "paint/protection.h"
-#include "paint/tip_shift.h"
 #include "platform/platform.h"
 
 PenBlenderObject PenBlender;
@@ -42,8 +41,6 @@ void ResetPenModes() {
 
 namespace {
 
-ShiftedTip highShift, lowShift;
-
 struct Box {
   int left, top, right, bottom;
 };
@@ -64,20 +61,6 @@ void WaitForSpeed() {
   if (speedDelay > 0) platform::BusyWait(uint32_t(speedDelay));
 }
 
-// The tip at whole pixels: the raster's own rows.
-class RasterRows : public TipRows {
- public:
-  RasterRows(int w, const uint8_t* low) : w_(w), low_(low) {}
-  void Row(int r, const uint8_t** high, const uint8_t** low) override {
-    *high = PenBlender.tipHighBuffer + size_t(r) * w_;
-    *low = low_ ? low_ + size_t(r) * w_ : nullptr;
-  }
-
- private:
-  int w_;
-  const uint8_t* low_;
-};
-
 // Only the 16-bit blend reads the low bytes of the tip.
 uint8_t* LowBytesFor(bool wanted) { return wanted ? PenBlender.tipLowBuffer : nullptr; }
 
@@ -86,29 +69,10 @@ Box PlaceDabInteger(Canvas* canvas, int x, int y) {
   uint8_t* low = LowBytesFor(ActiveSlot(canvas).accuracyPlane);
   FetchTipRaster(PenBlender.tipHighBuffer, low, &w, &h);
   const Box box{x + 1 - w / 2, y + 1 - h / 2, x + 1 - w / 2 + w, y + 1 - h / 2 + h};
-  RasterRows rows(w, low);
   PaintDab(canvas, DabArea{box.left, box.top, w, h, box.left, box.top, box.right, box.bottom},
-           rows);
+           DabTip{PenBlender.tipHighBuffer, low});
   return box;
 }
-
-// The tip at a sub-pixel position: its rows shifted by the fraction, the
-// low bytes as if they were values of their own.
-class ShiftedRows : public TipRows {
- public:
-  explicit ShiftedRows(bool lowBytes) : lowBytes_(lowBytes) {}
-  void Row(int r, const uint8_t** high, const uint8_t** low) override {
-    highShift.Row(r, PenBlender.rowHigh);
-    *high = PenBlender.rowHigh;
-    *low = nullptr;
-    if (!lowBytes_) return;
-    lowShift.Row(r, PenBlender.rowLow);
-    *low = PenBlender.rowLow;
-  }
-
- private:
-  bool lowBytes_;
-};
 
 // Whole pixel of a position: a position at or below 0 goes one further
 // down, so 0 itself lands at -1 with a full fraction.
@@ -121,10 +85,11 @@ Box PlaceDabFraction(Canvas* canvas, double x, double y, int ix, int iy) {
   FetchTipRaster(PenBlender.tipHighBuffer, LowBytesFor(lowBytes), &w, &h);
   const unsigned fx = unsigned((x - ix) * 255.0), fy = unsigned((y - iy) * 255.0);
   const int left = ix + 1 - (w + 1) / 2, top = iy + 1 - (h + 1) / 2;
-  highShift.Start(PenBlender.tipHighBuffer, w, h, fx, fy);
-  if (lowBytes) lowShift.Start(PenBlender.tipLowBuffer, w, h, fx, fy);
-  ShiftedRows rows(lowBytes);
-  PaintDab(canvas, DabArea{left, top, w + 1, h + 1, left, top, left + w, top + h}, rows);
+  // The low bytes are shifted as if they were values of their own.
+  ShiftTip(PenBlender.tipHighBuffer, w, h, fx, fy, PenBlender.shiftedHigh);
+  if (lowBytes) ShiftTip(PenBlender.tipLowBuffer, w, h, fx, fy, PenBlender.shiftedLow);
+  PaintDab(canvas, DabArea{left, top, w + 1, h + 1, left, top, left + w, top + h},
+           DabTip{PenBlender.shiftedHigh, lowBytes ? PenBlender.shiftedLow : nullptr});
   return Box{left, top, left + w + 1, top + h + 1};
 }
 

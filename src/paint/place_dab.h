@@ -21,16 +21,17 @@
 #include "document/canvas.h"
 #include "paint/dab_rows.h"
 #include "paint/tip.h"
+#include "paint/tip_shift.h"
 
-// The dab blender: the tip of the current dab and its resampled row.
+// The dab blender: the tip of the current dab and its resampled rows.
 struct PenBlenderObject {
   // Slack for the vector kernels after the largest tip (dab_rows.h).
   uint8_t tipHighBuffer[kTipBufferBytes + kRowBlock];
   uint8_t tipLowBuffer[kTipBufferBytes + kRowBlock];
-  // One row of the tip shifted by the dab's fraction: a column wider than
-  // the widest tip, with slack for the vector kernels.
-  uint8_t rowHigh[kTipBufferBytes + 1 + kRowBlock];
-  uint8_t rowLow[kTipBufferBytes + 1 + kRowBlock];
+  // The tip shifted by the dab's fraction (tip_shift.h): a column wider and
+  // a row taller than the tip, with slack.
+  uint8_t shiftedHigh[kShiftedTipBytes + kRowBlock];
+  uint8_t shiftedLow[kShiftedTipBytes + kRowBlock];
   double lastDabX = 0.0, lastDabY = 0.0;  // the last dab accepted
 
   void Reset();

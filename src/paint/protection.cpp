@@ -51,26 +51,30 @@ void OrRow(uint8_t* dst, const uint8_t* src, int n) {
   for (; i < n; ++i) dst[i] |= src[i];
 }
 
-void ReadProtectionRow(Canvas* canvas, int y, int x0, int x1, uint8_t* out, int layerBase) {
+void ReadProtectionRows(Canvas* canvas, int y0, int n, int x0, int x1, uint8_t* out, int stride,
+                        int layerBase) {
   if (x1 < x0) return;
-  std::memset(out, 0, static_cast<size_t>(static_cast<unsigned>(x1 - x0)) + 1);
+  const size_t count = static_cast<size_t>(static_cast<unsigned>(x1 - x0)) + 1;
+  ClearRows(out, n, count, stride);
   if (disableMask) return;
   const PlaneSlot* slots = &canvas->planes[layerBase];
-  InPieces(x0, x1, out, [&](int a, int b, uint8_t* piece) {
-    const PlaneSlot& mask = slots[kMaskPosition];
-    if (mask.plane && !mask.planeOff) ReadSlotSpan(mask, y, a, b, piece);
-    for (int position = kFirstFurtherPosition; position < kPlanesPerLayer; ++position) {
-      const PlaneSlot& slot = slots[position];
-      if (!slot.plane) break;
-      if (slot.planeOff) continue;
-      bool adds = slot.planeFlags[kFlagAddsProtection];
-      bool inverts = slot.planeFlags[kFlagInvertsProtection];
-      if (!adds && !inverts) continue;
-      const uint8_t* row = FurtherRow(slot, y, a, b);
-      for (int i = 0; i <= b - a; ++i)
-        piece[i] |= (adds ? row[i] : 0) | (inverts ? 255 - row[i] : 0);
+  const PlaneSlot& mask = slots[kMaskPosition];
+  if (mask.plane && !mask.planeOff) ReadSlotRows(mask, y0, n, x0, x1, out, stride);
+  for (int position = kFirstFurtherPosition; position < kPlanesPerLayer; ++position) {
+    const PlaneSlot& slot = slots[position];
+    if (!slot.plane) break;
+    if (slot.planeOff) continue;
+    bool adds = slot.planeFlags[kFlagAddsProtection];
+    bool inverts = slot.planeFlags[kFlagInvertsProtection];
+    if (!adds && !inverts) continue;
+    for (int r = 0; r < n; ++r) {
+      InPieces(x0, x1, out + size_t(r) * stride, [&](int a, int b, uint8_t* piece) {
+        const uint8_t* row = FurtherRow(slot, y0 + r, a, b);
+        for (int i = 0; i <= b - a; ++i)
+          piece[i] |= (adds ? row[i] : 0) | (inverts ? 255 - row[i] : 0);
+      });
     }
-  });
+  }
 }
 
 uint8_t ReadProtectionPixel(Canvas* canvas, int x, int y, int layerBase) {

@@ -17,10 +17,16 @@ extern int32_t fillInProgress;
 extern int32_t protectTransparency;
 
 // Protection of the layer whose position 0 is slot layerBase, for canvas
-// columns x0..x1 of row y: the mask (unless off), then further planes up to
-// the first empty slot, flag 2 adding the row and flag 3 its inverse.
-// Zeros with "Disable Mask".
-void ReadProtectionRow(Canvas* canvas, int y, int x0, int x1, uint8_t* out, int layerBase);
+// columns x0..x1 of rows y0 to y0 + n - 1, row i at i * stride into out:
+// the mask (unless off), then further planes up to the first empty slot,
+// flag 2 adding the row and flag 3 its inverse. Zeros with "Disable Mask".
+void ReadProtectionRows(Canvas* canvas, int y0, int n, int x0, int x1, uint8_t* out, int stride,
+                        int layerBase);
+// The same for one row.
+inline void ReadProtectionRow(Canvas* canvas, int y, int x0, int x1, uint8_t* out,
+                              int layerBase) {
+  ReadProtectionRows(canvas, y, 1, x0, x1, out, 0, layerBase);
+}
 // The same for one pixel.
 uint8_t ReadProtectionPixel(Canvas* canvas, int x, int y, int layerBase);
 

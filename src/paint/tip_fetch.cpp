@@ -3,6 +3,7 @@
 #include <cstring>
 
 #include "paint/pen_record.h"
+#include "paint/pen_rows.h"
 #include "paint/tip.h"
 
 namespace {
@@ -33,8 +34,7 @@ const Plane* SourcePlane(TipSource source) {
 }
 
 void CopyRows(Plane* plane, uint8_t* out) {
-  for (int y = 0; y < plane->height; ++y)
-    PlaneStore.ReadRow(plane, y, 0, plane->width - 1, out + size_t(y) * plane->width);
+  ReadPlaneRows(plane, 0, plane->height, 0, plane->width - 1, out, plane->width);
 }
 
 }  // namespace

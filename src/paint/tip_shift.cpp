@@ -1,24 +1,31 @@
 #include "paint/tip_shift.h"
 
-#include <algorithm>
 #include <cstring>
 
-void ShiftedTip::Start(const uint8_t* raster, int w, int h, unsigned fx, unsigned fy) {
-  w_ = w;
-  h_ = h;
-  fx_ = fx;
-  fy_ = fy;
-  // Column c of a shifted row takes raster columns c - 1 and c; the
-  // padding makes both exist for c = 0 to w and a block beyond.
-  stride_ = w + 1 + kRowBlock;
-  padded_.assign(size_t(stride_) * (h + 1), 0);
-  for (int r = 0; r < h; ++r)
-    std::memcpy(padded_.data() + size_t(r) * stride_ + 1, raster + size_t(r) * w, size_t(w));
-  // Row -1 lies above the raster: all zero.
-  std::memset(across_[1], 0, size_t(w) + 1 + kRowBlock);
-}
+namespace {
 
-void ShiftedTip::Row(int r, uint8_t* out) {
-  const uint8_t* row = padded_.data() + size_t(std::min(r, h_)) * stride_;
-  ShiftRow(row, across_[(r + 1) & 1], fx_, fy_, across_[r & 1], out, w_ + 1);
+// The raster's rows a column apart, each with a zero before it (the zero
+// after the row before), then a row of zeros for the row past the last:
+// row r of the shifted tip takes values r (w + 1) to r (w + 1) + w + 1.
+uint8_t padded[kShiftedTipBytes + 1 + kRowBlock];
+// The rows shifted right, after a row of zeros for the row above the first.
+uint8_t across[kShiftedTipBytes + kTipBufferBytes + 1 + kRowBlock];
+
+}  // namespace
+
+void ShiftTip(const uint8_t* raster, int w, int h, unsigned fx, unsigned fy, uint8_t* out) {
+  const size_t stride = size_t(w) + 1, n = stride * (h + 1);
+  for (int r = 0; r < h; ++r) {
+    padded[r * stride] = 0;
+    std::memcpy(padded + r * stride + 1, raster + size_t(r) * w, size_t(w));
+  }
+  std::memset(padded + h * stride, 0, stride + 1 + kRowBlock);
+  std::memset(across, 0, stride);
+  // All rows at once, in two passes, since each row takes the row above
+  // shifted. First across, with nothing down: out takes the shifted rows
+  // too, until the second pass replaces them. Then down, with nothing
+  // across, which passes each shifted value through as it is; what that
+  // pass gives as its own shifted rows goes to `padded`, no longer needed.
+  ShiftRow(padded, padded, fx, 0, across + stride, out, int(n));
+  ShiftRow(across + stride - 1, across, 0, fy, padded, out, int(n));
 }

@@ -7,25 +7,14 @@
 #pragma once
 
 #include <cstdint>
-#include <vector>
 
 #include "paint/dab_rows.h"
 #include "paint/tip.h"
 
-class ShiftedTip {
- public:
-  // A w x h raster, row after row.
-  void Start(const uint8_t* raster, int w, int h, unsigned fx, unsigned fy);
-  // Row r, 0..h, taken in that order: w + 1 values into out, which has
-  // slack.
-  void Row(int r, uint8_t* out);
+// Values of the largest shifted tip: (w + 1) x (h + 1) for w x h up to
+// kTipBufferBytes.
+constexpr int kShiftedTipBytes = 2 * kTipBufferBytes + 2;
 
- private:
-  static constexpr int kRowBytes = kTipBufferBytes + 1 + kRowBlock;
-  int w_ = 0, h_ = 0, stride_ = 0;
-  unsigned fx_ = 0, fy_ = 0;
-  // The raster's rows, each with a zero before it and zeros after it, and
-  // a row of zeros for the row past the last.
-  std::vector<uint8_t> padded_;
-  uint8_t across_[2][kRowBytes];  // rows shifted right; row r lies at r & 1
-};
+// The w x h raster (row after row) shifted into out: (w + 1) x (h + 1)
+// values, row after row, followed by slack.
+void ShiftTip(const uint8_t* raster, int w, int h, unsigned fx, unsigned fy, uint8_t* out);

@@ -103,7 +103,7 @@ int PackedRows::Switch(int y, bool unpackEmpty) {
 }
 
 int PackedRows::StoreRow(int y, const uint8_t* src) {
-  if (!reservedBase || y < 0 || y >= height) return -1;
+  if (!Holds(y)) return -1;
   int result = Switch(y, false);
   std::memcpy(blockBuffer + (y - blockFirstRow) * rowStride, src, rowBytes);
   blockDirty = 1;
@@ -111,8 +111,15 @@ int PackedRows::StoreRow(int y, const uint8_t* src) {
 }
 
 int PackedRows::FetchRow(int y, uint8_t* dest) {
-  if (!reservedBase || y < 0 || y >= height) return -1;
+  if (!Holds(y)) return -1;
   int result = Switch(y, true);
   std::memcpy(dest, blockBuffer + (y - blockFirstRow) * rowStride, rowBytes);
   return result;
+}
+
+uint8_t* PackedRows::RowInBlock(int y, bool write) {
+  if (!Holds(y)) return nullptr;
+  Switch(y, true);  // a block that can't be packed loses its changes, as FetchRow's would
+  if (write) blockDirty = 1;
+  return blockBuffer + (y - blockFirstRow) * rowStride;
 }

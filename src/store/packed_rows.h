@@ -29,6 +29,9 @@ class PackedRows {
   // lost) or when y is outside the plane.
   int StoreRow(int y, const uint8_t* src);
   int FetchRow(int y, uint8_t* dest);
+  // Row y in the unpacked block, brought in as FetchRow brings it; with
+  // `write` the block counts as changed. Null where FetchRow fails.
+  uint8_t* RowInBlock(int y, bool write);
 
   int32_t blockFirstRow = 0;
   uint8_t* blockBuffer = nullptr;
@@ -46,6 +49,8 @@ class PackedRows {
 
  private:
   void Release();
+  // Whether row y can be stored and fetched: inside, and set up.
+  bool Holds(int y) const { return reservedBase && y >= 0 && y < height; }
   // Brings the block of row y into blockBuffer, packing the dirty one first.
   // `unpackEmpty` tells whether a never-stored block is unpacked (and so
   // leaves blockBuffer as it was) or reads as zero.

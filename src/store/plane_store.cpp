@@ -1,5 +1,6 @@
 #include "store/plane_store.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <cstring>
 #include <limits>
@@ -75,13 +76,10 @@ namespace {
 // is how far the caller's buffer moves, so that its position k still stands
 // for column x0 + k of the request. A failed clip changes nothing.
 bool ClipRow(const Plane* plane, int y, int& x0, int& x1, size_t& skip) {
-  if (y < 0 || y >= plane->height) return false;
-  int64_t first = x0 < 0 ? 0 : x0;
-  if (first > plane->width - 1 || x1 < 0) return false;
-  int last = x1 > plane->width - 1 ? plane->width - 1 : x1;
-  if (first > last) return false;
-  skip = static_cast<size_t>(first - x0) * plane->bytesPerPixel;
-  x0 = static_cast<int>(first);
+  int first = x0, last = x1;
+  if (!ClipToPlane(plane, y, first, last)) return false;
+  skip = static_cast<size_t>(int64_t{first} - x0) * plane->bytesPerPixel;
+  x0 = first;
   x1 = last;
   return true;
 }
@@ -90,23 +88,25 @@ bool Inside(const Plane* plane, int x, int y) {
   return x >= 0 && x < plane->width && y >= 0 && y < plane->height;
 }
 
-// The bytes of row y from column x0 on, in a Virtual or Physical plane; a
-// Virtual row is brought to the front of the cache for columns x0..x1.
-uint8_t* RowAt(Plane* plane, int y, int x0, int x1) {
+// The stored bytes of row y from column x0 on, for columns x0..x1 inside
+// the plane: a Virtual row comes to the front of the cache, dirty over
+// those columns when they are to be written; a Packed row comes into the
+// unpacked block. Null for a Packed plane that was never set up.
+uint8_t* RowAt(Plane* plane, int y, int x0, int x1, bool write) {
+  if (plane->kind == Physical) return FlatBytesAt(plane, y, x0);
   size_t at = static_cast<size_t>(plane->bytesPerPixel) * x0;
-  if (plane->kind == Physical)
-    return plane->flatBytes + static_cast<size_t>(plane->stride) * y + at;
-  return BringRow(plane, y, x0, x1)->rowBytes + at;
-}
-
-// After a write through RowAt: the front slot of a Virtual plane is dirty.
-void Written(Plane* plane, int x0, int x1) {
-  if (plane->kind == Virtual) MarkDirty(plane->rowSlots[0], x0, x1);
+  if (plane->kind == Virtual) {
+    RowSlot* slot = BringRow(plane, y, x0, x1);
+    if (write) MarkDirty(slot, x0, x1);
+    return slot->rowBytes + at;
+  }
+  uint8_t* row = plane->packedRows->RowInBlock(y, write);
+  return row ? row + at : nullptr;
 }
 
 // The n bytes of pixel x of row y; a packed row is fetched into the scratch.
 const uint8_t* PixelBytes(Plane* plane, uint8_t* scratch, int x, int y, size_t n) {
-  if (plane->kind != Packed) return RowAt(plane, y, x, x);
+  if (plane->kind != Packed) return RowAt(plane, y, x, x, false);
   plane->packedRows->FetchRow(y, scratch);
   return scratch + n * x;
 }
@@ -114,8 +114,7 @@ const uint8_t* PixelBytes(Plane* plane, uint8_t* scratch, int x, int y, size_t n
 void PutPixelBytes(Plane* plane, uint8_t* scratch, int x, int y, const uint8_t* bytes,
                    size_t n) {
   if (plane->kind != Packed) {
-    std::memcpy(RowAt(plane, y, x, x), bytes, n);
-    Written(plane, x, x);
+    std::memcpy(RowAt(plane, y, x, x, true), bytes, n);
     return;
   }
   plane->packedRows->FetchRow(y, scratch);
@@ -131,7 +130,7 @@ int PlaneStoreObject::ReadRow(Plane* plane, int y, int x0, int x1, void* dest) {
   uint8_t* out = static_cast<uint8_t*>(dest) + skip;
   size_t bpp = plane->bytesPerPixel;
   if (plane->kind != Packed) {
-    std::memcpy(out, RowAt(plane, y, x0, x1), (x1 - x0 + 1) * bpp);
+    std::memcpy(out, RowAt(plane, y, x0, x1, false), (x1 - x0 + 1) * bpp);
   } else if (x0 == 0) {
     plane->packedRows->FetchRow(y, out);  // a whole row, whatever x1
   } else {
@@ -147,8 +146,7 @@ int PlaneStoreObject::WriteRow(Plane* plane, int y, int x0, int x1, const void* 
   const uint8_t* in = static_cast<const uint8_t*>(src) + skip;
   size_t bpp = plane->bytesPerPixel;
   if (plane->kind != Packed) {
-    std::memcpy(RowAt(plane, y, x0, x1), in, (x1 - x0 + 1) * bpp);
-    Written(plane, x0, x1);
+    std::memcpy(RowAt(plane, y, x0, x1, true), in, (x1 - x0 + 1) * bpp);
   } else if (x0 == 0) {
     plane->packedRows->StoreRow(y, in);  // a whole row, whatever x1
   } else {
@@ -157,6 +155,23 @@ int PlaneStoreObject::WriteRow(Plane* plane, int y, int x0, int x1, const void* 
     plane->packedRows->StoreRow(y, scratch.get());
   }
   return 1;
+}
+
+void PlaneStoreObject::PrefetchRows(const Plane* plane, int y0, int n, int x0, int x1) {
+  if (plane->kind != Physical || plane->bytesPerPixel == 0) return;
+  const int top = y0 < 0 ? 0 : y0;
+  const int64_t bottom = std::min<int64_t>(int64_t{y0} + n, plane->height);
+  if (top >= bottom || !ClipToPlane(plane, top, x0, x1)) return;
+  const size_t count = static_cast<size_t>(x1 - x0 + 1) * plane->bytesPerPixel;
+  for (int y = top; y < bottom; ++y) {
+    const uint8_t* bytes = FlatBytesAt(plane, y, x0);
+    for (size_t at = 0; at < count; at += 64) __builtin_prefetch(bytes + at);
+    __builtin_prefetch(bytes + count - 1);
+  }
+}
+
+RowAccess PlaneStoreObject::AccessCachedRow(Plane* plane, int y, int x0, int x1, int write) {
+  return RowAccess{RowAt(plane, y, x0, x1, write != 0), x0, x1};
 }
 
 int PlaneStoreObject::ReadPixel24(Plane* plane, int x, int y, uint32_t* r, uint32_t* g,

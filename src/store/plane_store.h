@@ -31,6 +31,13 @@ struct RowSlot {
 
 class PlaneMapping;
 class PackedRows;
+
+// Columns of one row reached in place (AccessRow).
+struct RowAccess {
+  uint8_t* bytes;  // the stored bytes of column x0; null when nothing lies inside
+  int x0, x1;      // the columns inside the plane
+};
+
 #ifdef _WIN32
 struct HDC__;  // a device context handle, as <windows.h> declares it
 #endif
@@ -53,6 +60,22 @@ struct Plane {
   PackedRows* packedRows;
 };
 
+// Clips columns x0..x1 of row y to the plane, in the order ReadRow and
+// WriteRow clip: false when nothing lies inside.
+inline bool ClipToPlane(const Plane* plane, int y, int& x0, int& x1) {
+  if (y < 0 || y >= plane->height) return false;
+  if (x0 < 0) x0 = 0;
+  if (x0 > plane->width - 1 || x1 < 0) return false;
+  if (x1 > plane->width - 1) x1 = plane->width - 1;
+  return x0 <= x1;
+}
+
+// Where column x of row y lies in a Physical plane's block.
+inline uint8_t* FlatBytesAt(const Plane* plane, int y, int x) {
+  return plane->flatBytes + static_cast<size_t>(plane->stride) * y +
+         static_cast<size_t>(plane->bytesPerPixel) * x;
+}
+
 class PlaneStoreObject {
  public:
   PlaneStoreObject();
@@ -68,6 +91,21 @@ class PlaneStoreObject {
 
   int ReadRow(Plane* plane, int y, int x0, int x1, void* dest);
   int WriteRow(Plane* plane, int y, int x0, int x1, const void* src);
+  // Columns x0..x1 of row y in place, clipped as ReadRow clips, for 8 and
+  // 24 bits: the flat block of a Physical plane, the row cache's slot of a
+  // Virtual one (the row comes to the front, as for ReadRow), the unpacked
+  // block of a Packed one. The bytes stay valid until the next operation on
+  // the plane. Reading them is ReadRow of those columns; with `write` set,
+  // what the caller leaves there is stored as ReadRow followed by WriteRow
+  // of the same columns would store it.
+  RowAccess AccessRow(Plane* plane, int y, int x0, int x1, int write);
+  // A hint that columns x0..x1 of rows y0 to y0 + n - 1 are wanted soon,
+  // clipped as ReadRow clips. Physical rows are fetched towards the
+  // processor; the other kinds bring rows in through their caches when they
+  // are asked for, so nothing is done for them. Out of line: a compiler
+  // that saw its body would find it does nothing it must keep, and drop the
+  // call.
+  void PrefetchRows(const Plane* plane, int y0, int n, int x0, int x1);
   int ReadPixel24(Plane* plane, int x, int y, uint32_t* r, uint32_t* g, uint32_t* b);
   int ReadPixel8(Plane* plane, int x, int y, uint32_t* value);
   int WritePixel24(Plane* plane, int x, int y, uint32_t r, uint32_t g, uint32_t b);
@@ -101,6 +139,9 @@ class PlaneStoreObject {
   bool CreateMapped(Plane* plane, uint8_t fill, int doFill);
   bool CreatePacked(Plane* plane, uint8_t fill, int doFill);
 
+  // AccessRow of a Virtual or Packed plane, columns already clipped.
+  RowAccess AccessCachedRow(Plane* plane, int y, int x0, int x1, int write);
+
   // Raw bytes of the stored image, padding included, between the plane and
   // the scratch; 0 for a Packed plane.
   int RawRead(Plane* plane, int64_t offset, size_t count);
@@ -112,3 +153,11 @@ class PlaneStoreObject {
 };
 
 extern PlaneStoreObject PlaneStore;
+
+// A Physical plane's row is plain arithmetic, done here where the caller
+// can inline it.
+inline RowAccess PlaneStoreObject::AccessRow(Plane* plane, int y, int x0, int x1, int write) {
+  if (!ClipToPlane(plane, y, x0, x1)) return RowAccess{nullptr, 0, -1};
+  if (plane->kind != Physical) return AccessCachedRow(plane, y, x0, x1, write);
+  return RowAccess{FlatBytesAt(plane, y, x0), x0, x1};
+}

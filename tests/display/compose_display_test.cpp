@@ -23,25 +23,19 @@ void Activate(Canvas* canvas, int index, uint8_t displayMode) {
   canvas->planes[index].displayMode = displayMode;
 }
 
-TEST_P(ComposeDisplay, OneLayerAndItsPlanes) {
+TEST_P(ComposeDisplay, OneLayerAndItsPlanesOrNoTile) {
   BuildLayers(*this);
-  for (int position = 0; position < 7; ++position) {
-    SCOPED_TRACE(testing::Message() << "position " << position);
-    Activate(canvas.get(), 8 + position, kDisplayThisLayerOnly);
-    ExpectTile(-7, -1, 40, 18);
-    if (position == 0) continue;
-    for (uint8_t mode : {kDisplayChannel, kDisplayComposition, kDisplayThickness}) {
-      SCOPED_TRACE(testing::Message() << "display mode " << int(mode));
+  for (int position = 0; position < 7; ++position)
+    for (uint8_t mode :
+         {kDisplayThisLayerOnly, kDisplayChannel, kDisplayComposition, kDisplayThickness}) {
+      if (position == 0 && mode != kDisplayThisLayerOnly) continue;
+      SCOPED_TRACE(testing::Message() << "position " << position << " mode " << int(mode));
       Activate(canvas.get(), 8 + position, mode);
       ExpectTile(-7, -1, 40, 18);
     }
-  }
   Activate(canvas.get(), 0, kDisplayThisLayerOnly);
   ExpectTile(-3, -2, 46, 22);
-}
 
-TEST_P(ComposeDisplay, RequestsWithoutATile) {
-  BuildLayers(*this);
   EXPECT_EQ(Compose(canvas.get(), 5, 0, 4, 3, 0, 0), nullptr);
   EXPECT_EQ(Compose(canvas.get(), 0, 3, 4, 2, 0, 0), nullptr);
   EXPECT_EQ(ComposeCoverage(canvas.get(), 4, 0, 3, 0), nullptr);
@@ -60,15 +54,15 @@ TEST_P(ComposeDisplay, RequestsWithoutATile) {
   }
 }
 
-TEST_P(ComposeDisplay, CoverageOfTheStack) {
+TEST_P(ComposeDisplay, CoverageOfTheStackAndOfOneLayer) {
   AddLayer(0, 0, 40, 12);
-  AddLayer(0, 0, 40, 12, 7);        // High Light adds no cover
+  AddLayer(0, 0, 40, 12, 7);  // High Light adds no cover
   AddLayer(0, 0, 40, 12, 3, 100);
   SetPlane(2, 4, 3);
-  AddLayer(0, 0, 40, 12, 0);        // hidden
-  AddLayer(0, 0, 40, 12, 11);       // unknown mode
+  AddLayer(0, 0, 40, 12, 0);   // hidden
+  AddLayer(0, 0, 40, 12, 11);  // unknown mode
   AddLayer(0, 0, 40, 12, 9, 20);
-  AddLayer(0, 20, 40, 3, 1);        // below the rectangle's rows
+  AddLayer(0, 20, 40, 3, 1);  // below the rectangle's rows
   DibTile* tile = ComposeCoverage(canvas.get(), 2, 1, 37, 10);
   ASSERT_NE(tile, nullptr);
   ASSERT_EQ(tile->bits, 8u);
@@ -86,12 +80,12 @@ TEST_P(ComposeDisplay, CoverageOfTheStack) {
     }
   }
   FreeTile(&tile);
-}
 
-TEST_P(ComposeDisplay, CoverageRowOfOneLayer) {
-  BuildLayers(*this);
   // With a transparency plane, columns outside the layer keep what they
   // held; without one, 255 stands everywhere but where further planes act.
+  TearDown();
+  SetUp();
+  BuildLayers(*this);
   for (unsigned outside : {77u, 255u}) {
     canvas->planes[8 + 2].planeOff = outside == 255;
     std::vector<uint8_t> out(50, 77);

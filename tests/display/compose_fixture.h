@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstring>
 #include <memory>
 #include <random>
@@ -85,37 +86,34 @@ class ComposeTest : public ::testing::TestWithParam<bool> {
     return slot;
   }
 
+  // The picture of canvas x0..x1, y0..y1 as bytes, top row first; empty
+  // without a tile.
+  std::vector<uint8_t> Picture(int x0, int y0, int x1, int y1, bool shade = false,
+                               bool baseOpaque = false) {
+    DibTile* tile = Compose(canvas.get(), x0, y0, x1, y1, shade, baseOpaque);
+    if (!tile) return {};
+    std::vector<uint8_t> bytes(3 * size_t(tile->width) * tile->height);
+    for (int y = 0; y < tile->height; ++y)
+      ReadTileRow(tile, y, 0, tile->width - 1, &bytes[3 * size_t(tile->width) * y]);
+    FreeTile(&tile);
+    return bytes;
+  }
+  // One composed row of canvas columns x0..x1.
+  std::vector<uint8_t> Row(int x0, int y, int x1, bool shade = false, bool baseOpaque = false) {
+    return Picture(x0, y, x1, y, shade, baseOpaque);
+  }
   // The picture as composed and as the reference makes it must agree byte
   // for byte; the first difference is reported.
   void ExpectTile(int x0, int y0, int x1, int y1, bool shade = false, bool baseOpaque = false) {
-    DibTile* tile = Compose(canvas.get(), x0, y0, x1, y1, shade, baseOpaque);
-    ASSERT_NE(tile, nullptr);
-    ref::Picture expected = ref::Compose(*canvas, x0, y0, x1, y1, shade, baseOpaque);
-    ASSERT_EQ(std::make_pair(int(tile->width), int(tile->height)),
-              std::make_pair(expected.width, expected.height));
-    std::vector<uint8_t> row(3 * static_cast<size_t>(tile->width));
-    for (int y = 0; y < tile->height; ++y) {
-      ReadTileRow(tile, y, 0, tile->width - 1, row.data());
-      for (int i = 0; i < 3 * tile->width; ++i)
-        if (row[i] != expected.At(i / 3, y)[i % 3]) {
-          ADD_FAILURE() << "canvas pixel (" << x0 + i / 3 << ", " << y0 + y << ") colour " << i % 3
-                        << ": " << int(row[i]) << ", expected "
-                        << int(expected.At(i / 3, y)[i % 3]);
-          y = tile->height;
-          break;
-        }
-    }
-    FreeTile(&tile);
-  }
-
-  // One composed row of canvas columns x0..x1, as bytes.
-  std::vector<uint8_t> Row(int x0, int y, int x1, bool shade = false, bool baseOpaque = false) {
-    std::vector<uint8_t> row(3 * static_cast<size_t>(x1 - x0 + 1));
-    DibTile* tile = Compose(canvas.get(), x0, y, x1, y, shade, baseOpaque);
-    if (!tile) return {};
-    ReadTileRow(tile, 0, 0, x1 - x0, row.data());
-    FreeTile(&tile);
-    return row;
+    const std::vector<uint8_t> got = Picture(x0, y0, x1, y1, shade, baseOpaque);
+    const std::vector<uint8_t> want =
+        ref::Compose(*canvas, x0, y0, x1, y1, shade, baseOpaque).bytes;
+    ASSERT_EQ(got.size(), want.size());
+    const auto [g, w] = std::mismatch(got.begin(), got.end(), want.begin());
+    const size_t i = size_t(g - got.begin()) / 3, width = size_t(x1 - x0 + 1);
+    EXPECT_TRUE(g == got.end()) << "canvas pixel (" << x0 + int(i % width) << ", "
+                                << y0 + int(i / width) << "): " << int(*g) << ", expected "
+                                << int(*w);
   }
 
   static std::vector<uint8_t> Repeated(std::vector<uint8_t> bgr, int n) {

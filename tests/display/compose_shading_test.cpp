@@ -8,7 +8,7 @@ using ComposeShading = ComposeTest;
 
 constexpr int kSelectAll = 20001;
 
-TEST_P(ComposeShading, OutsideOfTheSelectionInEachMode) {
+TEST_P(ComposeShading, OutsideOfTheSelectionInEachModeAndOfTheActiveRectangle) {
   AddLayer(0, 0, 46, 25);
   AddLayer(4, 3, 33, 9, 2);
   canvas->selectionKind = kSelectAll;
@@ -24,12 +24,19 @@ TEST_P(ComposeShading, OutsideOfTheSelectionInEachMode) {
     settings.darkenOutsideBoundary = 0;
     canvas->activePlane = 0;
   }
-  // Without shadeForView, a clean picture.
+  // Without shadeForView, a clean picture; no raster: all selected.
   settings.outsideDisplay = 2;
   ExpectTile(-2, -2, 47, 26, false);
-  // No raster: all selected, nothing shaded.
   PlaneStore.FreePlane(&canvas->selectionPlane);
   ExpectTile(-2, -2, 47, 26, true);
+  // Left of the canvas: the background, times 4 / 5; not shaded, as it is.
+  settings.backgroundRed = 255, settings.backgroundGreen = 4, settings.backgroundBlue = 99;
+  settings.darkenOutsideBoundary = 1;
+  canvas->selectionKind = 0;
+  canvas->activePlane = 8;
+  EXPECT_EQ(Row(-2, 0, -1, true), Repeated({79, 3, 204}, 2));
+  EXPECT_EQ(Row(-2, 0, -1), Repeated({99, 4, 255}, 2));
+  ExpectTile(-2, -1, 47, 26, true);
 }
 
 TEST_P(ComposeShading, CheckCellsAreEightCanvasPixels) {
@@ -42,38 +49,19 @@ TEST_P(ComposeShading, CheckCellsAreEightCanvasPixels) {
   settings.outsideDisplay = 1;
   // (7 x 100) >> 3 = 87, plus 32 where both or neither of x mod 16 and
   // y mod 16 reach 8; fully outside, the blend gives that alone.
-  DibTile* tile = Compose(canvas.get(), 5, 3, 38, 36, 1, 0);
-  ASSERT_NE(tile, nullptr);
+  const std::vector<uint8_t> picture = Picture(5, 3, 38, 36, true);
   std::vector<int> greens;
   for (auto [x, y] :
-       {std::pair{5, 3}, {7, 7}, {8, 7}, {8, 8}, {15, 15}, {16, 15}, {16, 16}, {23, 31}}) {
-    uint8_t pixel[3];
-    ReadTileRow(tile, y - 3, x - 5, x - 5, pixel);
-    greens.push_back(pixel[1]);
-  }
+       {std::pair{5, 3}, {7, 7}, {8, 7}, {8, 8}, {15, 15}, {16, 15}, {16, 16}, {23, 31}})
+    greens.push_back(picture[3 * ((y - 3) * 34 + x - 5) + 1]);
   EXPECT_EQ(greens, (std::vector<int>{119, 119, 87, 119, 119, 87, 119, 87}));
-  FreeTile(&tile);
   // Hide still blends: 1 at half coverage rounds to 2.
   settings.outsideDisplay = 0;
   PlaneStore.FreePlane(&canvas->selectionPlane);
   canvas->selectionPlane = MakePlane(40, 40, 8, Fill::Constant, 128);
   PlaneStore.FreePlane(&canvas->planes[0].plane);
   canvas->planes[0].plane = MakePlane(40, 40, 24, Fill::Constant, 1);
-  tile = Compose(canvas.get(), 0, 0, 0, 0, 1, 0);
-  EXPECT_EQ(tile->dib[tile->pixelOffset], 2);
-  FreeTile(&tile);
-}
-
-TEST_P(ComposeShading, OutsideTheActiveRectangle) {
-  settings.backgroundRed = 255, settings.backgroundGreen = 4, settings.backgroundBlue = 99;
-  AddLayer(0, 0, 20, 10);
-  AddLayer(6, 2, 5, 3);
-  settings.darkenOutsideBoundary = 1;
-  canvas->activePlane = 8;
-  // Left of the canvas: the background, times 4 / 5; not shaded, as it is.
-  EXPECT_EQ(Row(-2, 0, -1, true), Repeated({79, 3, 204}, 2));
-  EXPECT_EQ(Row(-2, 0, -1), Repeated({99, 4, 255}, 2));
-  ExpectTile(-2, -1, 21, 10, true);
+  EXPECT_EQ(Row(0, 0, 0, true), (std::vector<uint8_t>{2, 2, 2}));
 }
 
 INSTANTIATE_TEST_SUITE_P(Kernels, ComposeShading, ::testing::Bool(), KernelName);

@@ -1,72 +1,65 @@
 // The Grid command: off when on, else the dialog's pitch and snap on OK.
+#include "display/grid_command.h"
+
 #include <gtest/gtest.h>
 
-#include "display/grid_command.h"
+#include <tuple>
 
 namespace {
 
 class GridCommandTest : public ::testing::Test {
  protected:
   void SetUp() override {
-    canvas = Canvas{};
     canvas.gridX = canvas.gridY = 16;  // as a new canvas has them
-    asked = 0;
     gridDialog = [this](GridChoice* choice) {
-      ++asked;
-      offered = *choice;
+      offered.push_back(*choice);
       *choice = answer;
       return ok;
     };
   }
   void TearDown() override { gridDialog = nullptr; }
+  auto Grid() const {
+    return std::make_tuple(canvas.gridOn, canvas.gridX, canvas.gridY, canvas.gridSnap);
+  }
 
-  Canvas canvas;
-  GridChoice answer{8, 32, 1}, offered{};
-  int ok = 1, asked = 0;
+  Canvas canvas{};
+  GridChoice answer{8, 32, 1};
+  std::vector<GridChoice> offered;
+  int ok = 1;
 };
+
+auto Fields(const GridChoice& c) { return std::make_tuple(c.pitchX, c.pitchY, c.snap); }
 
 TEST_F(GridCommandTest, OkShowsTheGridWithTheEnteredPitchAndSnap) {
   EXPECT_EQ(ToggleGrid(&canvas), 1);
-  EXPECT_EQ(asked, 1);
-  EXPECT_EQ(offered.pitchX, 16);
-  EXPECT_EQ(offered.pitchY, 16);
-  EXPECT_EQ(offered.snap, 0);
-  EXPECT_EQ(canvas.gridOn, 1u);
-  EXPECT_EQ(canvas.gridX, 8);
-  EXPECT_EQ(canvas.gridY, 32);
-  EXPECT_EQ(canvas.gridSnap, 1u);
-
+  EXPECT_EQ(Grid(), std::make_tuple(1u, 8, 32, 1u));
   // On: the command takes it off without asking, keeping pitch and snap
   // for the next time, which the dialog then offers.
   EXPECT_EQ(ToggleGrid(&canvas), 1);
-  EXPECT_EQ(asked, 1);
-  EXPECT_EQ(canvas.gridOn, 0u);
+  EXPECT_EQ(Grid(), std::make_tuple(0u, 8, 32, 1u));
+  answer.snap = 0;
   ToggleGrid(&canvas);
-  EXPECT_EQ(offered.pitchX, 8);
-  EXPECT_EQ(offered.pitchY, 32);
-  EXPECT_EQ(offered.snap, 1);
+  ASSERT_EQ(offered.size(), 2u);
+  EXPECT_EQ(Fields(offered[0]), std::make_tuple(16, 16, 0));
+  EXPECT_EQ(Fields(offered[1]), std::make_tuple(8, 32, 1));
+  EXPECT_EQ(Grid(), std::make_tuple(1u, 8, 32, 0u));
 }
 
-TEST_F(GridCommandTest, CancelOrNoDialogChangesNothing) {
+TEST_F(GridCommandTest, CancelOrNoDialogChangesNothingAndPitchIsKeptBetweenTwoAndAThousand) {
   ok = 0;
   EXPECT_EQ(ToggleGrid(&canvas), 0);
-  EXPECT_EQ(canvas.gridOn, 0u);
-  EXPECT_EQ(canvas.gridX, 16);
-  EXPECT_EQ(canvas.gridSnap, 0u);
   gridDialog = nullptr;
   EXPECT_EQ(ToggleGrid(&canvas), 0);
-  EXPECT_EQ(canvas.gridOn, 0u);
-}
+  EXPECT_EQ(Grid(), std::make_tuple(0u, 16, 16, 0u));
 
-TEST_F(GridCommandTest, PitchIsKeptBetweenTwoAndAThousand) {
-  const int entered[][2] = {{0, 1}, {-5, 1001}, {2, 1000}, {1 << 30, 3}};
-  const int kept[][2] = {{2, 2}, {2, 1000}, {2, 1000}, {1000, 3}};
-  for (int i = 0; i < 4; ++i) {
+  ok = 1;
+  SetUp();
+  for (auto [x, y, keptX, keptY] :
+       {std::array{0, 1, 2, 2}, {-5, 1001, 2, 1000}, {2, 1000, 2, 1000}, {1 << 30, 3, 1000, 3}}) {
     canvas.gridOn = 0;
-    answer = {entered[i][0], entered[i][1], 0};
+    answer = {x, y, 0};
     ToggleGrid(&canvas);
-    EXPECT_EQ(canvas.gridX, kept[i][0]) << i;
-    EXPECT_EQ(canvas.gridY, kept[i][1]) << i;
+    EXPECT_EQ(std::make_pair(canvas.gridX, canvas.gridY), std::make_pair(keptX, keptY)) << x;
   }
 }
 

@@ -1,7 +1,10 @@
+// The integer colour conversions, by hand at their corners and against the
+// reference over every colour.
+#include "display/hsv.h"
+
 #include <gtest/gtest.h>
 
 #include "compose_reference.h"
-#include "display/hsv.h"
 
 namespace {
 
@@ -10,17 +13,14 @@ struct Triple {
   bool operator==(const Triple&) const = default;
 };
 
-Triple ToHsv(int r, int g, int b, int scaled) {
+template <auto Convert>
+Triple Converted(int x, int y, int z, int scaled) {
   Triple t;
-  RgbToHsv(r, g, b, &t.a, &t.b, &t.c, scaled);
+  Convert(x, y, z, &t.a, &t.b, &t.c, scaled);
   return t;
 }
-
-Triple ToRgb(int h, int s, int v, int scaled) {
-  Triple t;
-  HsvToRgb(h, s, v, &t.a, &t.b, &t.c, scaled);
-  return t;
-}
+constexpr auto ToHsv = Converted<RgbToHsv>;
+constexpr auto ToRgb = Converted<HsvToRgb>;
 
 // Worked by hand; they hold the reference to the arithmetic too.
 TEST(Hsv, CornerCases) {
@@ -43,29 +43,25 @@ TEST(Hsv, CornerCases) {
   EXPECT_EQ(ToRgb(-4, 255, 255, 1), ToRgb(0, 255, 255, 1));
 }
 
-// Every colour, which reaches every entry of the division table; the scaled
-// hue on every third level of each colour.
-TEST(Hsv, EveryColourAsTheArithmeticSays) {
+// Every colour, which reaches every entry of the division table, with the
+// scaled hue on every third level of each colour; then every hue and
+// saturation at every fifth value from 0 to 255.
+TEST(Hsv, EveryColourHueAndSaturationAsTheArithmeticSays) {
+  Triple want;
   for (int r = 0; r < 256; ++r)
     for (int g = 0; g < 256; ++g)
       for (int b = 0; b < 256; ++b)
         for (int scaled = 0; scaled < (r % 3 || g % 3 || b % 3 ? 1 : 2); ++scaled) {
-          Triple expected;
-          ref::RgbToHsv(r, g, b, &expected.a, &expected.b, &expected.c, scaled);
-          if (!(ToHsv(r, g, b, scaled) == expected))
+          ref::RgbToHsv(r, g, b, &want.a, &want.b, &want.c, scaled);
+          if (!(ToHsv(r, g, b, scaled) == want))
             FAIL() << r << "," << g << "," << b << " " << scaled;
         }
-}
-
-// Every hue and saturation, at every fifth value from 0 to 255.
-TEST(Hsv, EveryHueAndSaturationAsTheArithmeticSays) {
   for (int scaled = 0; scaled < 2; ++scaled)
     for (int h = 0; h < (scaled ? 256 : 360); ++h)
       for (int s = 0; s < 256; ++s)
         for (int v = 0; v < 256; v += 5) {
-          Triple expected;
-          ref::HsvToRgb(h, s, v, &expected.a, &expected.b, &expected.c, scaled);
-          if (!(ToRgb(h, s, v, scaled) == expected))
+          ref::HsvToRgb(h, s, v, &want.a, &want.b, &want.c, scaled);
+          if (!(ToRgb(h, s, v, scaled) == want))
             FAIL() << h << "," << s << "," << v << " " << scaled;
         }
 }

@@ -1,12 +1,13 @@
 // The table and every row kernel against the arithmetic, over all inputs:
 // the vector forms replace the table's lookups and must agree everywhere.
+#include "display/mul_table.h"
+
 #include <gtest/gtest.h>
 
 #include <vector>
 
 #include "compose_reference.h"
 #include "display/mix_rows.h"
-#include "display/mul_table.h"
 
 namespace {
 
@@ -26,18 +27,17 @@ TEST(MulTable, HoldsTheRoundedProductOfEveryPair) {
     }
   // 1 x 127 rounds up from 127.5 / 255 with the + 128; a blend's terms
   // round on their own, so 1 over 1 at 128 makes 2.
-  EXPECT_EQ((std::vector<int>{Mul255(255, 255), Mul255(1, 127), Mul255(1, 126)}),
-            (std::vector<int>{255, 1, 0}));
-  EXPECT_EQ((std::vector<int>{Blend255(10, 250, 0), Blend255(10, 250, 255), Blend255(1, 1, 128)}),
-            (std::vector<int>{10, 250, 2}));
+  EXPECT_EQ((std::vector<int>{Mul255(255, 255), Mul255(1, 127), Mul255(1, 126),
+                              Blend255(10, 250, 0), Blend255(10, 250, 255), Blend255(1, 1, 128)}),
+            (std::vector<int>{255, 1, 0, 10, 250, 2}));
 }
 
 TEST_P(RowKernels, MultiplyEveryPair) {
   std::vector<uint8_t> cov(kPairs), flipped(kPairs), p(kPairs), bgr(3 * kPairs);
   for (int i = 0; i < kPairs; ++i) {
-    cov[i] = flipped[i] = static_cast<uint8_t>(i);
-    p[i] = static_cast<uint8_t>(i >> 8);
-    for (int c = 0; c < 3; ++c) bgr[3 * i + c] = static_cast<uint8_t>(i + 85 * c);
+    cov[i] = flipped[i] = uint8_t(i);
+    p[i] = uint8_t(i >> 8);
+    for (int c = 0; c < 3; ++c) bgr[3 * i + c] = uint8_t(i + 85 * c);
   }
   MultiplyCoverage(cov.data(), p.data(), kPairs, false);
   MultiplyCoverage(flipped.data(), p.data(), kPairs, true);
@@ -50,32 +50,11 @@ TEST_P(RowKernels, MultiplyEveryPair) {
   }
 }
 
-// Both terms of the blend over every pair they take: every lower colour with
-// every coverage, and every source colour with every coverage, the third
-// value varying along the row.
-TEST_P(RowKernels, NormalBlendsEveryPairOfEachTerm) {
-  std::vector<uint8_t> acc(3 * 2 * kPairs), src(acc.size()), cov(2 * kPairs), before;
-  for (int i = 0; i < 2 * kPairs; ++i) {
-    const uint8_t pair = static_cast<uint8_t>(i), other = static_cast<uint8_t>(i * 37 + (i >> 8));
-    cov[i] = static_cast<uint8_t>(i >> 8);
-    for (int c = 0; c < 3; ++c) {
-      acc[3 * i + c] = static_cast<uint8_t>((i < kPairs ? pair : other) + c);
-      src[3 * i + c] = static_cast<uint8_t>((i < kPairs ? other : pair) + c);
-    }
-  }
-  before = acc;
-  MixRow(1, acc.data(), src.data(), cov.data(), 255, 2 * kPairs);
-  for (int i = 0; i < 2 * kPairs; ++i)
-    for (int c = 0; c < 3; ++c)
-      if (acc[3 * i + c] != ref::Blend(before[3 * i + c], src[3 * i + c], cov[i]))
-        FAIL() << "pixel " << i << " colour " << c << ": " << int(acc[3 * i + c]);
-}
-
 // MUL(m, 255 - opacityLoss) for every pair, seen through a white source over
 // black, where the blend gives a back as it is.
 TEST_P(RowKernels, OpacityScalesEveryCoverage) {
   std::vector<uint8_t> cov(256), src(3 * 256, 255);
-  for (int m = 0; m < 256; ++m) cov[m] = static_cast<uint8_t>(m);
+  for (int m = 0; m < 256; ++m) cov[m] = uint8_t(m);
   for (unsigned keep = 0; keep < 256; ++keep) {
     std::vector<uint8_t> acc(3 * 256, 0);
     MixRow(1, acc.data(), src.data(), cov.data(), keep, 256);
@@ -84,33 +63,37 @@ TEST_P(RowKernels, OpacityScalesEveryCoverage) {
   }
 }
 
-// Each mode for every pair of source and lower colour, fully covered and at
-// three partial coverages.
+// Each mode for every pair of source and lower colour, fully covered, at
+// three partial coverages, and at a coverage that runs through every value
+// with each lower colour and with each source colour: every pair each term
+// of the blend takes.
 TEST_P(RowKernels, EveryModeForEveryPair) {
-  std::vector<uint8_t> src(3 * kPairs), below(3 * kPairs), acc;
-  for (int i = 0; i < kPairs; ++i)
+  std::vector<uint8_t> src(3 * kPairs), below(3 * kPairs), acc, varying(kPairs);
+  for (int i = 0; i < kPairs; ++i) {
+    varying[i] = uint8_t(3 * i + (i >> 8));
     for (int c = 0; c < 3; ++c) {
-      src[3 * i + c] = static_cast<uint8_t>(i + 31 * c);
-      below[3 * i + c] = static_cast<uint8_t>((i >> 8) + 57 * c);
+      src[3 * i + c] = uint8_t(i + 31 * c);
+      below[3 * i + c] = uint8_t((i >> 8) + 57 * c);
     }
+  }
   for (int mode = 1; mode <= 9; ++mode)
-    for (uint8_t a : {255, 1, 128, 200}) {
-      SCOPED_TRACE(testing::Message() << "mode " << mode << ", a " << int(a));
-      std::vector<uint8_t> cov(kPairs, a);
+    for (int a : {255, 1, 128, 200, -1}) {
+      SCOPED_TRACE(testing::Message() << "mode " << mode << ", a " << a);
+      const std::vector<uint8_t> cov = a < 0 ? varying : std::vector<uint8_t>(kPairs, uint8_t(a));
       acc = below;
       MixRow(mode, acc.data(), src.data(), cov.data(), 255, kPairs);
       for (int i = 0; i < kPairs; ++i) {
         uint8_t mixed[3];
         ref::ModePixel(mode, &src[3 * i], &below[3 * i], mixed);
         for (int c = 0; c < 3; ++c)
-          if (acc[3 * i + c] != ref::Blend(below[3 * i + c], mixed[c], a))
+          if (acc[3 * i + c] != ref::Blend(below[3 * i + c], mixed[c], cov[i]))
             FAIL() << "pixel " << i << " colour " << c << ": " << int(acc[3 * i + c]);
       }
     }
   // Unknown modes change nothing.
   for (int mode : {0, 10, -1}) {
     acc = below;
-    MixRow(mode, acc.data(), src.data(), std::vector<uint8_t>(kPairs, 255).data(), 255, kPairs);
+    MixRow(mode, acc.data(), src.data(), varying.data(), 255, kPairs);
     EXPECT_EQ(acc, below) << "mode " << mode;
   }
 }

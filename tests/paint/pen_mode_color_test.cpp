@@ -15,9 +15,8 @@ class ColorModeTest : public KernelTest {
     MakeLayer();
     pen.red = 10, pen.green = 20, pen.blue = 30;
   }
-  // The mask's protection of a canvas pixel (zero off the plane).
-  uint8_t MaskAt(int x, int y) {
-    return x >= 0 && x < kWidth && y >= 0 && y < kHeight ? Snap(mask).at(x, y) : 0;
+  static std::vector<uint8_t> Pixel(const KernelRows& rows, int i) {
+    return {&rows.source[3 * i], &rows.source[3 * i + 3]};
   }
 };
 
@@ -27,24 +26,14 @@ void StripeTone(int, int x0, int x1, int, int, int, int, uint8_t* row, int init)
   for (int x = x0; x <= x1; ++x) row[x - x0] = init ? Stripe(x) : std::min(row[x - x0], Stripe(x));
 }
 
-void Diagonal(uint8_t* row, int y, int x0, int x1, int left, int top, int right, int bottom) {
-  for (int x = x0; x <= x1; ++x) {
-    uint8_t* p = row + 3 * (x - x0);
-    p[0] = uint8_t(x - left), p[1] = uint8_t(y - top), p[2] = uint8_t(right + bottom);
-  }
-}
-
 TEST_F(ColorModeTest, FlatColourAndGradientAreCutByToneAndMask) {
   for (bool tone : {false, true}) {
     toneRowFilter = tone ? StripeTone : nullptr;
     KernelRows rows = Fetch(4, -2, 13, -2, 0, 13, 11);
     EXPECT_EQ(0, rows.kind);
     for (int i = 0; i < 16; ++i) {
-      const int x = i - 2;
-      EXPECT_EQ((std::vector<uint8_t>{30, 20, 10}),
-                std::vector<uint8_t>(&rows.source[3 * i], &rows.source[3 * i + 3]));
-      EXPECT_EQ(uint8_t(255 - (tone ? Stripe(x) : 255)) | MaskAt(x, 4), rows.protect[i])
-          << tone << " x " << x;
+      EXPECT_EQ((std::vector<uint8_t>{30, 20, 10}), Pixel(rows, i));
+      EXPECT_EQ(uint8_t(255 - (tone ? Stripe(i - 2) : 255)) | MaskAt(i - 2, 4), rows.protect[i]);
       EXPECT_EQ(kSentinel, rows.opacity[i]);
     }
   }
@@ -52,27 +41,30 @@ TEST_F(ColorModeTest, FlatColourAndGradientAreCutByToneAndMask) {
   toneRowFilter = nullptr;
   pen.colorStyle = 1;
   EXPECT_EQ(std::vector<uint8_t>(6, 255), Fetch(2, 1, 6, 1, 1, 6, 5).protect);
-  gradientRowSource = Diagonal;
+  gradientRowSource = [](uint8_t* row, int y, int x0, int x1, int left, int top, int right,
+                         int bottom) {
+    for (int x = x0; x <= x1; ++x)
+      row[3 * (x - x0)] = uint8_t(x - left), row[3 * (x - x0) + 1] = uint8_t(y - top),
+                   row[3 * (x - x0) + 2] = uint8_t(right + bottom);
+  };
   KernelRows rows = Fetch(2, 1, 6, 1, 1, 6, 5);
   EXPECT_EQ(0, rows.kind);
   for (int i = 0; i < 6; ++i) {
-    EXPECT_EQ((std::vector<uint8_t>{uint8_t(i), 1, 11}),
-              std::vector<uint8_t>(&rows.source[3 * i], &rows.source[3 * i + 3]));
+    EXPECT_EQ((std::vector<uint8_t>{uint8_t(i), 1, 11}), Pixel(rows, i));
     EXPECT_EQ(MaskAt(1 + i, 2), rows.protect[i]);
   }
 }
 
 TEST_F(ColorModeTest, PatternIsAnchoredToTheCanvasOrMovesAsATip) {
-  // A 5 x 3 pattern with alpha; pixel (px, py) = (px, py, 7), alpha 40 px + py.
+  // A 5 x 3 pattern; pixel (px, py) = (px, py, 7), alpha 40 px + py.
   pen.patternImage = PlaneStore.CreatePlane(5, 3, 24, 0, 1, Physical);
   pen.patternAlpha = PlaneStore.CreatePlane(5, 3, 8, 0, 1, Physical);
   Image picture{5, 3, 3, std::vector<uint8_t>(45)}, alphaBytes{5, 3, 1, std::vector<uint8_t>(15)};
-  for (int py = 0; py < 3; ++py)
-    for (int px = 0; px < 5; ++px) {
-      picture.at(px, py, 0) = uint8_t(px), picture.at(px, py, 1) = uint8_t(py),
-                         picture.at(px, py, 2) = 7;
-      alphaBytes.at(px, py) = uint8_t(40 * px + py);
-    }
+  for (int k = 0; k < 15; ++k) {
+    const int px = k % 5, py = k / 5;
+    picture.at(px, py, 0) = uint8_t(px), picture.at(px, py, 1) = uint8_t(py);
+    picture.at(px, py, 2) = 7, alphaBytes.at(px, py) = uint8_t(40 * px + py);
+  }
   Put(pen.patternImage, picture);
   Put(pen.patternAlpha, alphaBytes);
   pen.patternActive = 1;
@@ -84,9 +76,7 @@ TEST_F(ColorModeTest, PatternIsAnchoredToTheCanvasOrMovesAsATip) {
     const int py = asTip ? (y - boxTop) % 3 : y % 3;
     for (int i = 0; i <= x1 - x0; ++i) {
       const int x = x0 + i, px = asTip ? i % 5 : ((x % 5) + 5) % 5;
-      EXPECT_EQ(std::make_pair(px, py),
-                std::make_pair(int(rows.source[3 * i]), int(rows.source[3 * i + 1])))
-          << "tip " << asTip << " x " << x;
+      EXPECT_EQ((std::vector<uint8_t>{uint8_t(px), uint8_t(py), 7}), Pixel(rows, i)) << asTip;
       EXPECT_EQ(uint8_t(255 - std::min<int>(40 * px + py, Stripe(x))) | MaskAt(x, y),
                 rows.protect[i])
           << "tip " << asTip << " x " << x;
@@ -98,8 +88,7 @@ TEST_F(ColorModeTest, TileModesRepeatTheirTileAndClipboardRunsNoKernel) {
   for (uint32_t mode : {kModeFilter, kModeLayer}) {
     pen.mode = mode;
     SetSourceTile(nullptr);
-    EXPECT_EQ(std::vector<uint8_t>(10, 255),
-              Fetch(3, 0, 9, 0, 0, 9, 9).protect);  // no tile: nothing
+    EXPECT_EQ(std::vector<uint8_t>(10, 255), Fetch(3, 0, 9, 0, 0, 9, 9).protect);  // no tile
     Plane* tile = PlaneStore.CreatePlane(4, 3, 24, 0, 1, Physical);
     Image tiles{4, 3, 3, std::vector<uint8_t>(36)};
     for (size_t k = 0; k < tiles.bytes.size(); ++k) tiles.bytes[k] = uint8_t(k);
@@ -108,10 +97,11 @@ TEST_F(ColorModeTest, TileModesRepeatTheirTileAndClipboardRunsNoKernel) {
     KernelRows rows = Fetch(5, -2, 9, -2, 0, 9, 9);
     EXPECT_EQ(0, rows.kind);
     for (int i = 0; i < 12; ++i) {
-      const int x = i - 2, tx = ((x % 4) + 4) % 4;
-      for (int c = 0; c < 3; ++c) EXPECT_EQ(tiles.at(tx, 5 % 3, c), rows.source[3 * i + c]);
+      const int tx = (i + 2) % 4;  // column x = i - 2 of the canvas
+      EXPECT_EQ(std::vector<uint8_t>(&tiles.at(tx, 5 % 3), &tiles.at(tx, 5 % 3) + 3),
+                Pixel(rows, i));
       EXPECT_EQ(kSentinel, rows.opacity[i]);
-      EXPECT_EQ(MaskAt(x, 5), rows.protect[i]);
+      EXPECT_EQ(MaskAt(i - 2, 5), rows.protect[i]);
     }
   }
   pen.mode = kModeClipboard;

@@ -17,36 +17,36 @@ class ProtectionTest : public KernelTest {
     ReadProtectionRow(canvas.get(), y, x0, x1, out.data(), 0);
     return out;
   }
-  std::vector<uint8_t> Opacity(int y, int x0, int x1) {
-    std::vector<uint8_t> out(size_t(x1 - x0 + 1), kSentinel);
-    ReadOpacityRow(canvas.get(), y, x0, x1, out.data(), 0);
-    return out;
+  // The further plane at a position, with planeFlags index `flag` set.
+  Image Further(int position, int flag, int left = 0, int top = 0, int w = kWidth,
+                int h = kHeight) {
+    canvas->planes[position].planeFlags[flag] = 1;
+    return Snap(Make(position, left, top, w, h));
   }
-  PlaneSlot& SlotAt(int index) { return canvas->planes[index]; }
+  // What ReadPenPixel gives at (x, y) as red, green, blue, opacity; empty
+  // where it refuses.
+  std::vector<uint32_t> PenRead(int x, int y) {
+    uint32_t r, g, b, o;
+    if (!ReadPenPixel(canvas.get(), x, y, &r, &g, &b, &o)) return {};
+    return {r, g, b, o};
+  }
 };
 
 TEST_F(ProtectionTest, MaskAndFurtherPlanesProtectUpToTheFirstEmptySlot) {
-  // A layer standing at (2, 1), 10 x 8.
+  // A layer standing at (2, 1), 10 x 8; slot 7 lies beyond the empty slot 6.
   Make(0, 2, 1, 10, 8);
   Image m = Snap(Make(1, 2, 1, 10, 8));
-  Image adds = Snap(Make(3, 2, 1, 10, 8)), inverts = Snap(Make(4, 2, 1, 10, 8));
-  Make(5, 2, 1, 10, 8);
-  Make(7, 2, 1, 10, 8);  // beyond the empty slot 6: never read
-  SlotAt(3).planeFlags[2] = 1;
-  SlotAt(4).planeFlags[3] = 1;
-  SlotAt(5).planeFlags[2] = 1;
-  SlotAt(5).planeOff = 1;
-  SlotAt(7).planeFlags[2] = 1;
+  Image adds = Further(3, 2, 2, 1, 10, 8), inverts = Further(4, 3, 2, 1, 10, 8);
+  Further(5, 2, 2, 1, 10, 8);
+  Further(7, 2, 2, 1, 10, 8);
+  canvas->planes[5].planeOff = 1;
   for (bool maskOff : {false, true}) {
-    SlotAt(1).planeOff = maskOff;
-    const int y = 4;
-    std::vector<uint8_t> row = Protection(y, 2, 11);
-    for (int px = 0; px < 10; ++px) {
-      uint8_t want = uint8_t((maskOff ? 0 : m.at(px, y - 1)) | adds.at(px, y - 1) |
-                             (255 - inverts.at(px, y - 1)));
-      EXPECT_EQ(want, row[px]) << "mask off " << maskOff << " column " << px;
-    }
-    EXPECT_EQ(row[5], ReadProtectionPixel(canvas.get(), 2 + 5, y, 0));
+    canvas->planes[1].planeOff = maskOff;
+    std::vector<uint8_t> row = Protection(4, 2, 11);
+    for (int px = 0; px < 10; ++px)
+      EXPECT_EQ((maskOff ? 0 : m.at(px, 3)) | adds.at(px, 3) | (255 - inverts.at(px, 3)), row[px])
+          << "mask off " << maskOff << " column " << px;
+    EXPECT_EQ(row[5], ReadProtectionPixel(canvas.get(), 2 + 5, 4, 0));
   }
   disableMask = 1;
   EXPECT_EQ(std::vector<uint8_t>(10, 0), Protection(4, 2, 11));
@@ -54,21 +54,17 @@ TEST_F(ProtectionTest, MaskAndFurtherPlanesProtectUpToTheFirstEmptySlot) {
 
 TEST_F(ProtectionTest, OpacityMultipliesByFlaggedPlanesSkippingEmptyAndOff) {
   Make(0);
-  Image t = Snap(Make(2));
-  Image times = Snap(Make(4)), both = Snap(Make(5));
-  Make(6);
-  SlotAt(4).planeFlags[4] = 1;
-  SlotAt(5).planeFlags[4] = SlotAt(5).planeFlags[5] = 1;
-  SlotAt(6).planeFlags[4] = 1;
-  SlotAt(6).planeOff = 1;
+  Image t = Snap(Make(2)), times = Further(4, 4), both = Further(5, 4);
+  canvas->planes[5].planeFlags[5] = 1;
+  Further(6, 4);
+  canvas->planes[6].planeOff = 1;
   for (bool transparencyOff : {false, true}) {
-    SlotAt(2).planeOff = transparencyOff;
-    std::vector<uint8_t> row = Opacity(6, 0, kWidth - 1);
+    canvas->planes[2].planeOff = transparencyOff;
+    std::vector<uint8_t> row(kWidth, kSentinel);
+    ReadOpacityRow(canvas.get(), 6, 0, kWidth - 1, row.data(), 0);
     for (int x = 0; x < kWidth; ++x) {
-      unsigned v = transparencyOff ? 255 : t.at(x, 6);
-      v = RefMul(v, times.at(x, 6));
-      v = RefMul(RefMul(v, both.at(x, 6)), 255 - both.at(x, 6));
-      EXPECT_EQ(v, row[x]) << x;
+      const unsigned v = RefMul(transparencyOff ? 255 : t.at(x, 6), times.at(x, 6));
+      EXPECT_EQ(RefMul(RefMul(v, both.at(x, 6)), 255 - both.at(x, 6)), row[x]) << x;
     }
   }
 }
@@ -86,8 +82,7 @@ TEST_F(ProtectionTest, SelectionProtectsDuringFillOrWithMaskOutsideSelection) {
       fillInProgress = option == 2;
       KernelRows rows = Fetch(3, 0, kWidth - 1, 0, 0, 15, 11);
       for (int x = 0; x < kWidth; ++x)
-        EXPECT_EQ(uint8_t((active == 0 ? m.at(x, 3) : 0) | (option ? sel.at(x, 3) : 0)),
-                  rows.protect[x])
+        EXPECT_EQ((active == 0 ? m.at(x, 3) : 0) | (option ? sel.at(x, 3) : 0), rows.protect[x])
             << "plane " << active << " option " << option;
     }
   // BlendRow asked to add the protection replaces the caller's row with it.
@@ -112,29 +107,23 @@ TEST_F(ProtectionTest, KernelsRefuseAnyProtectionAndReadInsideThePlane) {
   m.at(4, 4) = 1;  // the faintest protection refuses
   m.at(5, 4) = 0;
   Put(mask, m);
-  uint32_t r, g, b, o;
-  EXPECT_EQ(0, ReadPenPixel(canvas.get(), 4, 4, &r, &g, &b, &o));
-  ASSERT_EQ(1, ReadPenPixel(canvas.get(), 5, 4, &r, &g, &b, &o));
-  EXPECT_EQ((std::array<uint32_t, 4>{im.at(5, 4, 2), im.at(5, 4, 1), im.at(5, 4, 0), a.at(5, 4)}),
-            (std::array<uint32_t, 4>{r, g, b, o}));
+  auto pixel = [&](int x, int y) -> std::vector<uint32_t> {
+    return {im.at(x, y, 2), im.at(x, y, 1), im.at(x, y, 0), a.at(x, y)};
+  };
+  EXPECT_EQ(PenRead(4, 4), std::vector<uint32_t>{});
+  EXPECT_EQ(PenRead(5, 4), pixel(5, 4));
   disableMask = 1;
-  EXPECT_EQ(1, ReadPenPixel(canvas.get(), 4, 4, &r, &g, &b, &o));
-  // Off the plane the nearest edge pixel answers.
-  ASSERT_EQ(1, ReadPenPixel(canvas.get(), -5, 40, &r, &g, &b, &o));
-  EXPECT_EQ(
-      (std::array<uint32_t, 4>{im.at(0, 11, 2), im.at(0, 11, 1), im.at(0, 11, 0), a.at(0, 11)}),
-      (std::array<uint32_t, 4>{r, g, b, o}));
+  EXPECT_EQ(PenRead(4, 4), pixel(4, 4));
+  EXPECT_EQ(PenRead(-5, 40), pixel(0, 11));  // off the plane the nearest edge pixel answers
   // The selection refuses with Mask Outside Selection only.
   canvas->selectionPlane = PlaneStore.CreatePlane(kWidth, kHeight, 8, 0, 1, Physical);
   PlaneStore.WritePixel8(canvas->selectionPlane, 5, 4, 1);
-  EXPECT_EQ(1, ReadPenPixel(canvas.get(), 5, 4, &r, &g, &b, &o));
+  EXPECT_EQ(PenRead(5, 4), pixel(5, 4));
   maskOutsideSelection = 1;
-  EXPECT_EQ(0, ReadPenPixel(canvas.get(), 5, 4, &r, &g, &b, &o));
+  EXPECT_EQ(PenRead(5, 4), std::vector<uint32_t>{});
   // Other planes read their own value three times, with opacity 0.
   canvas->activePlane = 1;
-  ASSERT_EQ(1, ReadPenPixel(canvas.get(), 6, 4, &r, &g, &b, &o));
-  EXPECT_EQ((std::array<uint32_t, 4>{m.at(6, 4), m.at(6, 4), m.at(6, 4), 0}),
-            (std::array<uint32_t, 4>{r, g, b, o}));
+  EXPECT_EQ(PenRead(6, 4), (std::vector<uint32_t>{m.at(6, 4), m.at(6, 4), m.at(6, 4), 0}));
 }
 
 TEST_F(ProtectionTest, ColourMaskKeepsPaintToColoursNearTheKey) {
@@ -148,45 +137,42 @@ TEST_F(ProtectionTest, ColourMaskKeepsPaintToColoursNearTheKey) {
   Put(image, im);
   Put(alpha, a);
   const Image m = Snap(mask);
-  colorMaskChoice = 3;  // White
-  colorMaskVagueness = 8;
-  auto near = [&](int x, int y) {
+  // Within the vagueness of the key in every channel, colours weighted by
+  // opacity: the key's pixel paints, others are protected.
+  auto expectKeyed = [&](const KernelRows& rows, int y, auto near) {
+    for (int x = 0; x < kWidth; ++x)
+      EXPECT_EQ(m.at(x, y) | (near(x) ? 0 : 255), rows.protect[x]) << x;
+  };
+  auto white = [&](int x) {
     for (int c = 0; c < 3; ++c)
-      if (255 - int(RefMul(im.at(x, y, c), a.at(x, y))) > 8) return false;
+      if (255 - int(RefMul(im.at(x, 5, c), a.at(x, 5))) > 8) return false;
     return true;
   };
-  for (int tool : {20000, 20005, 20007}) {
+  colorMaskChoice = 3;  // White
+  colorMaskVagueness = 8;
+  for (int tool : {20000, 20005, 20007}) {  // only the freehand tools use it
     penTool = tool;
-    KernelRows rows = Fetch(5, 0, kWidth - 1, 0, 0, 15, 11);
-    for (int x = 0; x < kWidth; ++x) {
-      uint8_t colour = tool != 20007 && !near(x, 5) ? 255 : 0;
-      EXPECT_EQ(m.at(x, 5) | colour, rows.protect[x]) << "tool " << tool << " x " << x;
-    }
+    expectKeyed(Fetch(5, 0, kWidth - 1, 0, 0, 15, 11), 5,
+                [&](int x) { return tool == 20007 || white(x); });
   }
   // The map stays for the stroke, made at its first dab only.
   penTool = 20005;
   Randomise(image);
   dabCount = 3;
-  KernelRows later = Fetch(5, 0, kWidth - 1, 0, 0, 15, 11);
-  for (int x = 0; x < kWidth; ++x) EXPECT_EQ(m.at(x, 5) | (near(x, 5) ? 0 : 255), later.protect[x]);
+  expectKeyed(Fetch(5, 0, kWidth - 1, 0, 0, 15, 11), 5, white);
   FreeColorMaskMap();
-  KernelRows none = Fetch(5, 0, kWidth - 1, 0, 0, 15, 11);
-  for (int x = 0; x < kWidth; ++x) EXPECT_EQ(m.at(x, 5), none.protect[x]);
+  expectKeyed(Fetch(5, 0, kWidth - 1, 0, 0, 15, 11), 5, [](int) { return true; });
 
-  // StartPosition keys on the middle of the first dab's box, colours
-  // weighted by opacity.
+  // StartPosition keys on the middle of the first dab's box.
   colorMaskChoice = 1;
   colorMaskVagueness = 0;
   dabCount = 0;
-  FreeColorMaskMap();
   im = Snap(image);
-  KernelRows start = Fetch(2, 0, kWidth - 1, 4, 2, 9, 7);  // centre (6, 4)
-  for (int x = 0; x < kWidth; ++x) {
-    bool same = true;
+  expectKeyed(Fetch(2, 0, kWidth - 1, 4, 2, 9, 7), 2, [&](int x) {  // centre (6, 4)
     for (int c = 0; c < 3; ++c)
-      same = same && RefMul(im.at(x, 2, c), a.at(x, 2)) == RefMul(im.at(6, 4, c), a.at(6, 4));
-    EXPECT_EQ(m.at(x, 2) | (same ? 0 : 255), start.protect[x]) << x;
-  }
+      if (RefMul(im.at(x, 2, c), a.at(x, 2)) != RefMul(im.at(6, 4, c), a.at(6, 4))) return false;
+    return true;
+  });
 }
 
 }  // namespace

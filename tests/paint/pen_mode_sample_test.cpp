@@ -16,16 +16,20 @@ class SampleModeTest : public KernelTest {
     KernelTest::SetUp();
     MakeLayer();
   }
-  // What a kernel row gives for pixel i when it reads `read`: the colour
-  // and opacity, unprotected (the mask's own protection is ored after).
-  void ExpectTaken(const KernelRows& rows, int i, const uint8_t read[4], int x, int y) {
+  // Pixel i of the rows took `read` (colour, opacity), unprotected but for
+  // the mask's own protection of (x, y); or, without `read`, is refused.
+  void ExpectTaken(const KernelRows& rows, int i, const uint8_t* read, int x, int y) {
+    if (!read) {
+      EXPECT_EQ(255, rows.protect[i]) << "x " << x;
+      return;
+    }
     for (int c = 0; c < 3; ++c) EXPECT_EQ(read[c], rows.source[3 * i + c]) << "x " << x;
     EXPECT_EQ(read[3], rows.opacity[i]) << "x " << x;
-    EXPECT_EQ(MaskOr(0, x, y), rows.protect[i]) << "x " << x;
+    EXPECT_EQ(MaskAt(x, y), rows.protect[i]) << "x " << x;
   }
-  uint8_t MaskOr(uint8_t p, int x, int y) {
-    return p | (x >= 0 && x < kWidth && y >= 0 && y < kHeight ? Snap(mask).at(x, y) : 0);
-  }
+  // The pen's reading of (x, y), or null where it is refused.
+  const uint8_t* Read(int x, int y) { return PenPixel(x, y, read_) ? read_ : nullptr; }
+  uint8_t read_[4];
 };
 
 TEST_F(SampleModeTest, BlurTakesTheRoundedMeanOfTheCrossThatAnswers) {
@@ -33,22 +37,14 @@ TEST_F(SampleModeTest, BlurTakesTheRoundedMeanOfTheCrossThatAnswers) {
   for (int y : {0, 6, 11}) {
     KernelRows rows = Fetch(y, -1, kWidth, -1, 0, kWidth, 11);
     EXPECT_EQ(1, rows.kind);
-    for (int i = 0; i < kWidth + 2; ++i) {
-      const int x = i - 1;
+    for (int x = -1; x <= kWidth; ++x) {
       unsigned n = 0, sum[4] = {0, 0, 0, 0};
-      for (auto [dx, dy] : {std::pair{-1, 0}, {1, 0}, {0, 0}, {0, -1}, {0, 1}}) {
-        uint8_t p[4];
-        if (!PenPixel(x + dx, y + dy, p)) continue;
-        ++n;
-        for (int c = 0; c < 4; ++c) sum[c] += p[c];
-      }
-      if (n == 0) {
-        EXPECT_EQ(255, rows.protect[i]);
-        continue;
-      }
+      for (auto [dx, dy] : {std::pair{-1, 0}, {1, 0}, {0, 0}, {0, -1}, {0, 1}})
+        if (const uint8_t* p = Read(x + dx, y + dy); p && ++n)
+          for (int c = 0; c < 4; ++c) sum[c] += p[c];
       uint8_t mean[4];
-      for (int c = 0; c < 4; ++c) mean[c] = uint8_t((sum[c] + n / 2) / n);
-      ExpectTaken(rows, i, mean, x, y);
+      for (int c = 0; c < 4; ++c) mean[c] = uint8_t(n ? (sum[c] + n / 2) / n : 0);
+      ExpectTaken(rows, x + 1, n ? mean : nullptr, x, y);
     }
   }
 }
@@ -66,18 +62,15 @@ TEST_F(SampleModeTest, Blur2TakesTheMeanOfTheUnprotectedBox) {
       sum[3] += a.at(x, y);
       ++count;
     }
+  uint8_t mean[4];
+  for (int c = 0; c < 3; ++c) mean[c] = uint8_t((sum[c] + count / 2) / count);
+  mean[3] = uint8_t(sum[3] / count);  // the opacity truncates
   KernelRows rows = Fetch(2, left, right, left, top, right, bottom);
   EXPECT_EQ(1, rows.kind);
-  for (int i = 0; i <= right - left; ++i) {
-    const uint8_t mean[4] = {uint8_t((sum[0] + count / 2) / count),
-                             uint8_t((sum[1] + count / 2) / count),
-                             uint8_t((sum[2] + count / 2) / count), uint8_t(sum[3] / count)};
-    ExpectTaken(rows, i, mean, left + i, 2);
-  }
+  for (int i = 0; i <= right - left; ++i) ExpectTaken(rows, i, mean, left + i, 2);
   // Everything protected: white, and nothing painted.
-  Image full = m;
-  std::fill(full.bytes.begin(), full.bytes.end(), 1);
-  Put(mask, full);
+  std::fill(m.bytes.begin(), m.bytes.end(), 1);
+  Put(mask, m);
   KernelRows none = Fetch(2, 0, 3, 0, 0, 3, 3);
   EXPECT_EQ(std::vector<uint8_t>(12, 255), none.source);
   EXPECT_EQ(std::vector<uint8_t>(4, 255), none.protect);
@@ -96,11 +89,7 @@ TEST_F(SampleModeTest, StirAndNoiseReplayTheirRandomDraws) {
   std::srand(99);
   for (int x = 0; x < kWidth; ++x) {
     const int dx = (std::rand() & 63) - 32, dy = (std::rand() & 63) - 32;
-    uint8_t p[4];
-    if (PenPixel(x + dx, 5 + dy, p))
-      ExpectTaken(rows, x, p, x, 5);
-    else
-      EXPECT_EQ(255, rows.protect[x]);
+    ExpectTaken(rows, x, Read(x + dx, 5 + dy), x, 5);
   }
 
   pen.mode = kModeNoise;
@@ -112,7 +101,7 @@ TEST_F(SampleModeTest, StirAndNoiseReplayTheirRandomDraws) {
   for (int x = 0; x < kWidth; ++x) {
     for (int c : {2, 1, 0})
       EXPECT_EQ(std::clamp(im.at(x, 3, c) + std::rand() % 33 - 16, 0, 255), rows.source[3 * x + c]);
-    EXPECT_EQ(MaskOr(0, x, 3), rows.protect[x]);
+    EXPECT_EQ(MaskAt(x, 3), rows.protect[x]);
   }
 }
 
@@ -122,25 +111,16 @@ TEST_F(SampleModeTest, CloneReadsAtTheOffsetAndEraserKeepsTheColour) {
   PenKernels.cloneOffsetY = -2;
   KernelRows rows = Fetch(4, 0, kWidth - 1, 0, 0, 15, 11);
   EXPECT_EQ(1, rows.kind);
-  for (int x = 0; x < kWidth; ++x) {
-    uint8_t p[4];
-    if (PenPixel(x + 3, 2, p))
-      ExpectTaken(rows, x, p, x, 4);
-    else
-      EXPECT_EQ(255, rows.protect[x]);
-  }
+  for (int x = 0; x < kWidth; ++x) ExpectTaken(rows, x, Read(x + 3, 2), x, 4);
   pen.mode = kModeEraser;
   Image im = Snap(image);
-  KernelRows erase = Fetch(4, 0, kWidth - 1, 0, 0, 15, 11);
-  EXPECT_EQ(1, erase.kind);
+  rows = Fetch(4, 0, kWidth - 1, 0, 0, 15, 11);
+  EXPECT_EQ(1, rows.kind);
   for (int x = 0; x < kWidth; ++x) {
     const uint8_t own[4] = {im.at(x, 4, 0), im.at(x, 4, 1), im.at(x, 4, 2), 0};
-    ExpectTaken(erase, x, own, x, 4);
+    ExpectTaken(rows, x, own, x, 4);
   }
 }
-
-// Rounds half away from zero, 0 itself to 0.
-int Round(double v) { return int(v > 0 ? v + 0.5 : v - 0.5); }
 
 TEST_F(SampleModeTest, GrabbingModesDropWhatTheLastDabGrabbed) {
   const int width = 7, height = 5;  // a box of 7 x 5 at (1, 2), then at (6, 5)
@@ -151,32 +131,27 @@ TEST_F(SampleModeTest, GrabbingModesDropWhatTheLastDabGrabbed) {
     std::vector<std::array<uint8_t, 4>> grabbed;
     std::vector<bool> refused;
     for (int r = 0; r < height; ++r) {
-      KernelRows rows = Fetch(2 + r, 1, 1 + width - 1, 1, 2, 1 + width - 1, 2 + height - 1);
+      KernelRows rows = Fetch(2 + r, 1, width, 1, 2, width, 1 + height);
       EXPECT_EQ(std::vector<uint8_t>(width, 255), rows.protect);  // grab paints nothing
-      for (int c = 0; c < width; ++c) {
-        std::array<uint8_t, 4> p;
-        refused.push_back(!PenPixel(1 + c, 2 + r, p.data()));
-        grabbed.push_back(p);
-      }
+      for (int c = 0; c < width; ++c)
+        refused.push_back(!PenPixel(1 + c, 2 + r, grabbed.emplace_back().data()));
     }
     dabCount = 1;
+    // Rounds half away from zero.
+    auto round = [](double v) { return int(v > 0 ? v + 0.5 : v - 0.5); };
+    const double angle = (mode == kModeClockwise ? 20 : -20) * 0.017453292519943295;
     for (int r = 0; r < height; ++r) {
-      KernelRows rows = Fetch(5 + r, 6, 6 + width - 1, 6, 5, 6 + width - 1, 5 + height - 1);
+      KernelRows rows = Fetch(5 + r, 6, 5 + width, 6, 5, 5 + width, 4 + height);
       EXPECT_EQ(1, rows.kind);
       for (int c = 0; c < width; ++c) {
-        int gc = c, gr = r;
-        if (mode != kModeRub) {
-          const double angle = (mode == kModeClockwise ? 20.0 : -20.0) * 0.017453292519943295;
-          const int cx = c - width / 2, cy = r - height / 2;
-          gc = Round(cy * std::sin(angle) + cx * std::cos(angle)) + width / 2;
-          gr = Round(cy * std::cos(angle) - cx * std::sin(angle)) + height / 2;
-        }
-        const int x = 6 + c, y = 5 + r;
-        if (gc < 0 || gc >= width || gr < 0 || gr >= height || refused[gr * width + gc]) {
-          EXPECT_EQ(255, rows.protect[c]) << c << "," << r;
-          continue;
-        }
-        ExpectTaken(rows, c, grabbed[gr * width + gc].data(), x, y);
+        const int cx = c - width / 2, cy = r - height / 2;
+        const int gc =
+            mode == kModeRub ? c : round(cy * std::sin(angle) + cx * std::cos(angle)) + 3;
+        const int gr =
+            mode == kModeRub ? r : round(cy * std::cos(angle) - cx * std::sin(angle)) + 2;
+        const bool inside = gc >= 0 && gc < width && gr >= 0 && gr < height;
+        const int k = gr * width + gc;
+        ExpectTaken(rows, c, inside && !refused[k] ? grabbed[k].data() : nullptr, 6 + c, 5 + r);
       }
     }
   }
@@ -187,6 +162,5 @@ TEST_F(SampleModeTest, GrabbingModesDropWhatTheLastDabGrabbed) {
     EXPECT_EQ(std::vector<uint8_t>(6, 255), Fetch(3, 0, 5, 0, 0, 290, 3).protect);
   }
 }
-
 
 }  // namespace

@@ -193,8 +193,8 @@ class KernelTest : public PenModeTest {
     const size_t n = size_t(x1 - x0 + 1);
     KernelRows rows{std::vector<uint8_t>(3 * n, kSentinel), std::vector<uint8_t>(n, kSentinel),
                     std::vector<uint8_t>(n, kSentinel), -1};
-    FetchModeRow(canvas.get(), rows.source.data(), rows.opacity.data(), rows.protect.data(), y,
-                 x0, x1, boxLeft, boxTop, boxRight, boxBottom, &rows.kind);
+    FetchModeRow(canvas.get(), rows.source.data(), rows.opacity.data(), rows.protect.data(), y, x0,
+                 x1, boxLeft, boxTop, boxRight, boxBottom, &rows.kind);
     return rows;
   }
   // A layer of image, mask and transparency with the mask clear but for a
@@ -218,6 +218,10 @@ class KernelTest : public PenModeTest {
     for (int c = 0; c < 3; ++c) out[c] = im.at(x, y, c);
     out[3] = a.at(x, y);
     return true;
+  }
+  // The mask's protection at a canvas pixel, 0 off the plane.
+  uint8_t MaskAt(int x, int y) {
+    return x >= 0 && x < kWidth && y >= 0 && y < kHeight ? Snap(mask).at(x, y) : 0;
   }
   Plane *image = nullptr, *mask = nullptr, *alpha = nullptr;
 };

@@ -10,14 +10,16 @@ namespace {
 
 using StrokeLoopTest = StrokeTest;
 
-std::vector<int> RecordBox(const UndoEntry& e) { return {e.left, e.top, e.right, e.bottom}; }
-
 TEST_F(StrokeLoopTest, ConnectedStrokeJoinsThePixelsThePointerReaches) {
   Canvas* canvas = MakeBlank(64, 64);
   RecordingPen(4);
   connected = 1;
   Press(20, 30, kLeft);
-  Then({{20, 30, kLeft}, {20, 30, kLeft}, {26, 33, kLeft}, {26, 33, kLeft}, {40, 25, kLeft},
+  Then({{20, 30, kLeft},
+        {20, 30, kLeft},
+        {26, 33, kLeft},
+        {26, 33, kLeft},
+        {40, 25, kLeft},
         {40, 28, kLeft}});
   EXPECT_EQ(RunConnectedStroke(canvas, 0, 0, 0), 1);
   // The first pass dabs where the pointer is; a standing pointer adds
@@ -33,7 +35,7 @@ TEST_F(StrokeLoopTest, ConnectedStrokeJoinsThePixelsThePointerReaches) {
   EXPECT_EQ(dabCount, 6 + offered);
   // One rectangle record of the stroke's box.
   EXPECT_EQ(UndoHistory.entries[0].kind, kUndoRect);
-  EXPECT_EQ(RecordBox(UndoHistory.entries[0]), DabsBox(expected, 4));
+  EXPECT_EQ(UndoBox(), DabsBox(expected, 4));
   EXPECT_EQ(UndoHistory.entries[1].kind, kUndoEmpty);
   EXPECT_EQ(std::make_pair(canvas->modified, StrokeEngine.running), std::make_pair(1u, 0));
 
@@ -43,13 +45,24 @@ TEST_F(StrokeLoopTest, ConnectedStrokeJoinsThePixelsThePointerReaches) {
   settings.restrainUndoDuringFreehand = 1;
   Then({{8, 8, kLeft}, {12, 9, kLeft}});
   RunConnectedStroke(canvas, 0, 0, 0);
-  EXPECT_EQ(UndoHistory.entries[0].kind, kUndoEmpty);
-  EXPECT_EQ(canvas->modified, 1u);
+  EXPECT_EQ(std::make_pair(UndoHistory.entries[0].kind, canvas->modified),
+            std::make_pair(uint32_t(kUndoEmpty), 1u));
 }
 
-TEST_F(StrokeLoopTest, FreehandPaintsEveryPassAtTheWholePixel) {
+TEST_F(StrokeLoopTest, FreehandPaintsEveryPassAtTheWholePixelWithRowCachesWide) {
+  settings.imageBuffer = Virtual;
   Canvas* canvas = MakeBlank(32, 32);
-  OnePixelPen(10, 20, 30);
+  BlockPen(0, 10, 20, 30);
+  static Plane* watched[2];
+  static std::vector<uint32_t> wide;
+  watched[0] = canvas->planes[0].plane;
+  watched[1] = canvas->planes[kTransparencyPosition].plane;
+  ASSERT_TRUE(watched[0] && watched[1]);
+  // A tone that cuts nothing looks at the row caches at each row of each dab.
+  toneRowFilter = [](int, int x0, int x1, int, int, int, int, uint8_t* row, int) {
+    std::fill_n(row, x1 - x0 + 1, 255);
+    wide.push_back(watched[0]->rowCacheWide & watched[1]->rowCacheWide);
+  };
   Press(5, 5, kLeft);
   Then({{5, 5, kLeft}, {5, 5, kLeft}, {9, 7, kLeft}});
   EXPECT_EQ(RunFreehandStroke(canvas, 0, 0, 0), 1);
@@ -66,7 +79,11 @@ TEST_F(StrokeLoopTest, FreehandPaintsEveryPassAtTheWholePixel) {
     }
   EXPECT_EQ(wrong, 0);
   // Each dab covers its tip and one more column and row: 3 x 3 from the pixel.
-  EXPECT_EQ(RecordBox(UndoHistory.entries[0]), (std::vector<int>{5, 5, 12, 10}));
+  EXPECT_EQ(UndoBox(), (std::vector<int>{5, 5, 12, 10}));
+  // The layer's planes keep more rows at hand while the stroke lasts.
+  ASSERT_FALSE(wide.empty());
+  EXPECT_EQ(wide, std::vector<uint32_t>(wide.size(), 1));
+  EXPECT_EQ(watched[0]->rowCacheWide | watched[1]->rowCacheWide, 0u);
 }
 
 TEST_F(StrokeLoopTest, ShiftGivesOneDabAndQualityPausesOnlyConnectedPasses) {
@@ -94,24 +111,60 @@ TEST_F(StrokeLoopTest, ShiftGivesOneDabAndQualityPausesOnlyConnectedPasses) {
   }
 }
 
-TEST_F(StrokeLoopTest, FreehandWidensTheLayersRowCachesForTheStroke) {
-  settings.imageBuffer = Virtual;
-  Canvas* canvas = MakeBlank(32, 32);
-  RecordingPen(2);
-  static Plane* watched[2];
-  static std::vector<uint32_t> wide;
-  watched[0] = canvas->planes[0].plane;
-  watched[1] = canvas->planes[kTransparencyPosition].plane;
-  ASSERT_TRUE(watched[0] && watched[1]);
-  gradientRowSource = [](uint8_t* row, int y, int x0, int x1, int l, int t, int r, int b) {
-    RecordDab(row, y, x0, x1, l, t, r, b);
-    wide.push_back(watched[0]->rowCacheWide & watched[1]->rowCacheWide);
+// The segment walker: where it offers dabs, which ones spacing lets
+// through, and the box it reports.
+TEST_F(StrokeLoopTest, SegmentWalksInTenthsAndPlacesSpacedDabs) {
+  Canvas* canvas = MakeBlank(128, 128);
+  RecordingPen(20);
+  connected = 1;
+  // A twentieth of the tip's smaller side (42), a pixel at least.
+  const double spacing = StrokeSpacing();
+  EXPECT_DOUBLE_EQ(spacing, 42 * 0.05);
+  EXPECT_DOUBLE_EQ(StrokeSpacing(kLineSpacingFactor), 42 * 0.125);
+  struct Case {
+    double x0, y0, x1, y1;
+    int exactEnd;
+  } cases[] = {
+      {30.25, 40.7, 70.9, 52.35, 0},  // x major, rising, end pulled back
+      {50.5, 90.2, 45.1, 20.8, 1},    // y major, falling, exact end
+      {60.0, 60.0, 60.9, 61.2, 0},    // 1.2 along y: not pulled back
   };
-  Then({{10, 10, kLeft}});
-  RunFreehandStroke(canvas, 0, 0, 0);
-  ASSERT_FALSE(wide.empty());
-  EXPECT_EQ(wide, std::vector<uint32_t>(wide.size(), 1));
-  EXPECT_EQ(watched[0]->rowCacheWide | watched[1]->rowCacheWide, 0u);
+  for (const Case& c : cases) {
+    recordedDabs.clear();
+    dabCount = 0;
+    int first = 1;
+    DrawPenSegment(canvas, c.x0, c.y0, c.x1, c.y1, c.exactEnd, 0, nullptr, nullptr, nullptr,
+                   nullptr, 0, spacing, first);
+    const std::vector<Dab> offered = OfferedPoints(c.x0, c.y0, c.x1, c.y1, c.exactEnd);
+    std::vector<Dab> expected;
+    AcceptSpaced(offered, spacing, true, expected);
+    EXPECT_EQ(recordedDabs, expected);
+    EXPECT_EQ(std::make_pair(dabCount, first), std::make_pair(int(offered.size()), 0));
+  }
+  // The short walk reaches past its end minus one step: nothing held back.
+  EXPECT_GT(OfferedPoints(60.0, 60.0, 60.9, 61.2, false).back().y, 61.05);
+}
+
+TEST_F(StrokeLoopTest, SegmentReportsTheUnionAndPlacesNothingForNoLength) {
+  Canvas* canvas = MakeBlank(64, 64);
+  RecordingPen(4);
+  EXPECT_DOUBLE_EQ(StrokeSpacing(), 1.0);  // half a pixel is raised to one
+  connected = 1;
+  int box[4] = {-1, -1, -1, -1}, first = 0;
+  auto segment = [&](double x0, double y0, double x1, double y1) {
+    DrawPenSegment(canvas, x0, y0, x1, y1, 0, 0, &box[0], &box[1], &box[2], &box[3], 1, 1.0, first);
+    return std::vector<int>(box, box + 4);
+  };
+  PenBlender.lastDabX = PenBlender.lastDabY = 0;
+  EXPECT_EQ(segment(20.5, 20.5, 20.5, 20.5), (std::vector<int>{999999, 999999, 0, 0}));
+  EXPECT_TRUE(recordedDabs.empty());
+  EXPECT_EQ(dabCount, 0);
+  first = 1;
+  const std::vector<int> union_ = segment(12.3, 30.6, 40.8, 22.1);
+  std::vector<Dab> expected;
+  AcceptSpaced(OfferedPoints(12.3, 30.6, 40.8, 22.1, false), 1.0, true, expected);
+  ASSERT_EQ(recordedDabs, expected);
+  EXPECT_EQ(union_, DabsBox(expected, 4));
 }
 
 }  // namespace

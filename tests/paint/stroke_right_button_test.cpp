@@ -10,10 +10,11 @@ namespace stroketest {
 namespace {
 
 using RightButtonTest = StrokeTest;
+using Colour = std::vector<uint32_t>;
 
-std::vector<uint32_t> PenColour() { return {pen.red, pen.green, pen.blue}; }
+Colour PenColour() { return {pen.red, pen.green, pen.blue}; }
 
-std::vector<uint32_t> Pixel(Plane* plane, int x, int y) {
+Colour Pixel(Plane* plane, int x, int y) {
   uint32_t r = 0, g = 0, b = 0;
   PlaneStore.ReadPixel24(plane, x, y, &r, &g, &b);
   return {r, g, b};
@@ -32,10 +33,9 @@ TEST_F(RightButtonTest, DropperTakesTheComposedColourOrThePlanesValue) {
   Press(0, 0, kRight);
   Then({{0, 0, kRight}, {0, 0, kRight}, {3, 4, kRight}, {40, -5, kRight}, {3, 4, kRight}});
   RightButtonDown(canvas, {kToolFreeHandConnect, 0, 0, 0});
-  EXPECT_EQ(PenColour(), (std::vector<uint32_t>{10, 20, 30}));
+  EXPECT_EQ(PenColour(), (Colour{10, 20, 30}));
   EXPECT_EQ(changes, 4);  // a pick at each change of pixel; (40, -5) is clamped to (15, 0)
-  EXPECT_EQ(pen.patternImage, nullptr);
-  EXPECT_EQ(pen.patternActive, 0u);
+  EXPECT_EQ(std::make_tuple(pen.patternImage, pen.patternActive), std::make_tuple(nullptr, 0u));
   EXPECT_TRUE(recordedDabs.empty());
 
   // On another plane, its value as pure red.
@@ -45,9 +45,8 @@ TEST_F(RightButtonTest, DropperTakesTheComposedColourOrThePlanesValue) {
   PlaneStore.WritePixel8(canvas->planes[mask].plane, 6, 7, 77);
   Then({{6, 7, kRight}});
   RunDropper(canvas);
-  EXPECT_EQ(PenColour(), (std::vector<uint32_t>{77, 0, 0}));
-  EXPECT_EQ((std::vector<uint32_t>{pen.hue, pen.saturation, pen.value}),
-            (std::vector<uint32_t>{0, 255, 77}));
+  EXPECT_EQ(PenColour(), (Colour{77, 0, 0}));
+  EXPECT_EQ((Colour{pen.hue, pen.saturation, pen.value}), (Colour{0, 255, 77}));
 }
 
 TEST_F(RightButtonTest, ShiftPicksAnAreaIntoThePattern) {
@@ -62,11 +61,10 @@ TEST_F(RightButtonTest, ShiftPicksAnAreaIntoThePattern) {
   // Below the plane the corner's x takes the last row (29) and y stays 50.
   ASSERT_NE(pen.patternImage, nullptr);
   ASSERT_NE(pen.patternAlpha, nullptr);
-  EXPECT_EQ(pen.patternImage->width, 29 - 5 + 1);
-  EXPECT_EQ(pen.patternImage->height, 50 - 5 + 1);
-  EXPECT_EQ(Pixel(pen.patternImage, 1, 2), (std::vector<uint32_t>{1, 2, 3}));
-  EXPECT_EQ(pen.patternActive, 1u);
-  EXPECT_EQ(PenColour(), (std::vector<uint32_t>{0, 0, 0}));
+  EXPECT_EQ(std::make_tuple(pen.patternImage->width, pen.patternImage->height, pen.patternActive),
+            std::make_tuple(29 - 5 + 1, 50 - 5 + 1, 1u));
+  EXPECT_EQ(Pixel(pen.patternImage, 1, 2), (Colour{1, 2, 3}));
+  EXPECT_EQ(PenColour(), (Colour{0, 0, 0}));
   uint32_t opacity = 0;
   PlaneStore.ReadPixel8(pen.patternAlpha, 0, 0, &opacity);
   EXPECT_EQ(opacity, 255u);
@@ -76,28 +74,26 @@ TEST_F(RightButtonTest, ShiftPicksAnAreaIntoThePattern) {
 TEST_F(RightButtonTest, UndoPenPaintsTheSnapshotOfTheLastLeftStrokeBack) {
   Canvas* canvas = MakeBlank(16, 16);
   ChooseRightClickAction(kRightClickUndoPen);
-  OnePixelPen(0, 0, 0);
-  pen.radiusX = pen.radiusY = 2;  // a 5 x 5 block in a 6 x 6 raster
-  BuildTip();
+  BlockPen(2, 0, 0, 0);  // a 5 x 5 block in a 6 x 6 raster
   Plane* image = canvas->planes[0].plane;
   PlaneStore.WritePixel24(image, 5, 5, 1, 2, 3);
   Then({{5, 5, kLeft}});
   RunFreehandStroke(canvas, 0, 0, 0);
   ASSERT_NE(undoPenImage, nullptr);
-  EXPECT_EQ(Pixel(undoPenImage, 5, 5), (std::vector<uint32_t>{1, 2, 3}));
+  EXPECT_EQ(Pixel(undoPenImage, 5, 5), (Colour{1, 2, 3}));
   // The dab at whole pixel 5 starts at 5 + 1 - 7 / 2 = 3: columns 3..7.
-  EXPECT_EQ(Pixel(image, 3, 3), (std::vector<uint32_t>{0, 0, 0}));
-  EXPECT_EQ(Pixel(image, 7, 7), (std::vector<uint32_t>{0, 0, 0}));
+  const Colour black{0, 0, 0}, white{255, 255, 255};
+  EXPECT_EQ(Pixel(image, 3, 3), black);
+  EXPECT_EQ(Pixel(image, 7, 7), black);
 
   // The restoring dab starts at 5 - 6 / 2 = 2: columns 2..6 come back.
   Plane* snapshot = undoPenImage;
   Then({{5, 5, kRight}});
   EXPECT_EQ(RunFreehandStroke(canvas, 0, 0, 1), 1);
   EXPECT_EQ(undoPenImage, snapshot);
-  EXPECT_EQ(Pixel(image, 3, 3), (std::vector<uint32_t>{255, 255, 255}));
-  EXPECT_EQ(Pixel(image, 5, 5), (std::vector<uint32_t>{1, 2, 3}));
-  EXPECT_EQ(Pixel(image, 6, 6), (std::vector<uint32_t>{255, 255, 255}));
-  EXPECT_EQ(Pixel(image, 7, 7), (std::vector<uint32_t>{0, 0, 0}));
+  EXPECT_EQ((std::vector<Colour>{Pixel(image, 3, 3), Pixel(image, 5, 5), Pixel(image, 6, 6),
+                                 Pixel(image, 7, 7)}),
+            (std::vector<Colour>{white, {1, 2, 3}, white, black}));
 
   // Q counts as the right button; choosing an action drops the snapshot.
   Then({{5, 5, {'Q'}}, {5, 5, {'Q'}}});
@@ -128,8 +124,9 @@ TEST_F(RightButtonTest, CloneSourceIsTheDragWithShiftAndPenToolsChooseTheirLoop)
   Press(100, 100, {platform::VkLeftButton, platform::VkShift});
   Then({{90, 95, kLeft}, {60, 80, kLeft}});
   LeftButtonDown(canvas, {kToolFreeHandConnect, 1, 0, 0});
-  EXPECT_EQ(PenKernels.cloneOffsetX, 20);  // 40 view pixels at 200 %
-  EXPECT_EQ(PenKernels.cloneOffsetY, 10);
+  // 40 by 20 view pixels at 200 %.
+  EXPECT_EQ(std::make_pair(PenKernels.cloneOffsetX, PenKernels.cloneOffsetY),
+            std::make_pair(20, 10));
   ASSERT_EQ(lines.size() % 2, 0u);
   EXPECT_EQ(lines.back(), (std::vector<int>{107, 100, 67, 80}));
 
@@ -157,18 +154,16 @@ TEST_F(RightButtonTest, OutlineFollowsTheCloneStrokeOnlyWhenBothAxesMove) {
   ASSERT_EQ(drawn.size(), 1u);
   // A 7 x 7 ellipse around the pointer, and the cross at the source.
   const PenOutline o = drawn[0];
-  EXPECT_EQ((std::vector<int>{o.ellipse, o.left, o.top, o.right, o.bottom}),
-            (std::vector<int>{1, 7, 17, 14, 24}));
-  EXPECT_EQ((std::vector<int>{o.cross, o.crossX, o.crossY}), (std::vector<int>{1, 30, 16}));
+  EXPECT_EQ(
+      (std::vector<int>{o.ellipse, o.left, o.top, o.right, o.bottom, o.cross, o.crossX, o.crossY}),
+      (std::vector<int>{1, 7, 17, 14, 24, 1, 30, 16}));
 
   Then({{10, 25, kLeft}, {14, 27, kLeft}});
   RunFreehandStroke(canvas, 0, 0, 0);
   // Off at the start; (10, 25) keeps x, so only (14, 27) moves it.
   ASSERT_EQ(drawn.size(), 3u);
-  EXPECT_EQ(drawn[1].left, o.left);
-  EXPECT_EQ(drawn[2].left, 14 - 3);
-  EXPECT_EQ(drawn[2].top, 27 - 3);
-  EXPECT_EQ(penOutline.shown, 1);
+  EXPECT_EQ((std::vector<int>{drawn[1].left, drawn[2].left, drawn[2].top, penOutline.shown}),
+            (std::vector<int>{o.left, 14 - 3, 27 - 3, 1}));
 }
 
 }  // namespace

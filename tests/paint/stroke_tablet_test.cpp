@@ -2,20 +2,25 @@
 // its samples.
 #include <deque>
 
-#include "display/mul_table.h"
 #include "paint/stroke_loops.h"
 #include "stroke_test_support.h"
 
 namespace stroketest {
 namespace {
 
-// A tablet that answers from a queue; an empty packet (pressure -1)
-// stands for a reading with nothing there.
-struct FakeTablet {
-  std::deque<TabletPacket> packets;
-  void Install() {
+// A tablet that answers from a queue; a packet of pressure -1 stands for a
+// reading with nothing there.
+std::deque<TabletPacket> packets;
+
+class TabletTest : public StrokeTest {
+ protected:
+  void SetUp() override {
+    StrokeTest::SetUp();
+    packets.clear();
+  }
+  static void Install() {
     tabletLink.state = kTabletUsable;
-    tabletLink.readSample = [this](TabletPacket* out, int) {
+    tabletLink.readSample = [](TabletPacket* out, int) {
       if (packets.empty()) return 0;
       const TabletPacket p = packets.front();
       packets.pop_front();
@@ -24,9 +29,8 @@ struct FakeTablet {
       return 1;
     };
   }
+  static auto Strengths() { return std::make_pair(pen.colorThickness, pen.density); }
 };
-
-using TabletTest = StrokeTest;
 
 TEST_F(TabletTest, PressureBendsACopyOfThePen) {
   // No tablet: nothing bends.
@@ -34,39 +38,36 @@ TEST_F(TabletTest, PressureBendsACopyOfThePen) {
   EXPECT_EQ(ApplyPressure(1, 100), 0);
   EXPECT_EQ(pen.colorThickness, 200u);
 
-  FakeTablet tablet;
-  tablet.Install();
-  StrokeEngine.reflectOnThick = 1;
-  StrokeEngine.reflectOnDensity = 1;
+  Install();
+  StrokeEngine.reflectOnThick = StrokeEngine.reflectOnDensity = 1;
   pen.density = 90;
-  tablet.packets = {{128, 0, 0}};
+  packets = {{128, 0, 0}};
   EXPECT_EQ(ApplyPressure(1, -1), 1);
-  EXPECT_EQ(std::make_pair(pen.colorThickness, pen.density),
-            std::make_pair(100u, 45u));  // x 128 / 255
+  EXPECT_EQ(Strengths(), std::make_pair(100u, 45u));  // x 128 / 255
   RestorePen();
-  EXPECT_EQ(std::make_pair(pen.colorThickness, pen.density), std::make_pair(200u, 90u));
+  EXPECT_EQ(Strengths(), std::make_pair(200u, 90u));
 
-  // Size: the radii scale, the tip is rebuilt and stays after RestorePen.
+  // Size: the radii scale, the tip is rebuilt and stays after RestorePen;
+  // size thins the colour too.
   StrokeEngine.reflectOnThick = StrokeEngine.reflectOnDensity = 0;
   StrokeEngine.reflectOnSize = 1;
   pen.radiusX = pen.radiusY = 10;
   BuildTip();
   EXPECT_EQ(ApplyPressure(0, 128), 1);
-  EXPECT_DOUBLE_EQ(pen.radiusX, 10.0 * 128 * 0.00392156862745098);
-  EXPECT_EQ(pen.colorThickness, 100u);  // size thins the colour too
+  EXPECT_EQ(std::make_tuple(pen.radiusX, pen.colorThickness, pen.tipHigh->width),
+            std::make_tuple(10.0 * 128 * 0.00392156862745098, 100u, 12));
   Plane* rebuilt = pen.tipHigh;
-  EXPECT_EQ(rebuilt->width, 12);
   RestorePen();
   EXPECT_EQ(std::make_pair(pen.radiusX, pen.tipHigh), std::make_pair(10.0, rebuilt));
 
   // The eraser end paints as the Eraser; the mode waits in savedMode.
   pen.mode = kModeColor;
-  tablet.packets = {{255, -1, 0}};
+  packets = {{255, -1, 0}};
   EXPECT_EQ(ApplyPressure(1, -1), 1);
   EXPECT_EQ(std::make_pair(pen.mode, StrokeEngine.savedMode),
             std::make_pair(uint32_t(kModeEraser), int(kModeColor)));
   // A first reading without a packet makes the stroke a mouse stroke.
-  tablet.packets = {{-1, 0, 0}};
+  packets = {{-1, 0, 0}};
   EXPECT_EQ(ApplyPressure(1, -1), 0);
   EXPECT_EQ(StrokeEngine.tabletSeen, 0);
   EXPECT_EQ(ApplyPressure(0, 50), 0);
@@ -77,11 +78,10 @@ TEST_F(TabletTest, TabletStrokePaintsOnlyWhenPacketsCome) {
   RecordingPen(4);
   connected = 1;
   settings.restrainUndoDuringFreehand = 1;
-  FakeTablet tablet;
-  tablet.Install();
+  Install();
   StrokeEngine.reflectOnThick = 1;
   // One packet answers the start; then a pass with, one without, one with.
-  tablet.packets = {{255, 0, 0}, {255, 0, 10}, {-1, 0, 0}, {200, 0, 30}};
+  packets = {{255, 0, 0}, {255, 0, 10}, {-1, 0, 0}, {200, 0, 30}};
   Then({{20, 20, kLeft}, {30, 24, kLeft}, {36, 30, kLeft}});
   EXPECT_EQ(RunConnectedStroke(canvas, 0, 0, 0), 1);
   std::vector<Dab> expected{{20, 20}};
@@ -90,8 +90,8 @@ TEST_F(TabletTest, TabletStrokePaintsOnlyWhenPacketsCome) {
   // Recorded for undo whatever the restraint; the samples in even slots.
   EXPECT_EQ(UndoHistory.entries[0].kind, kUndoRect);
   const StrokeSample& second = StrokeEngine.strokeSamples[2];
-  EXPECT_EQ((std::vector<double>{second.x, second.y, double(second.pressure), double(second.tick)}),
-            (std::vector<double>{36, 30, 200, 30}));
+  EXPECT_EQ(std::make_tuple(second.x, second.y, second.pressure, second.tick),
+            std::make_tuple(36.0f, 30.0f, 200, 30u));
 }
 
 TEST_F(TabletTest, ReplayFadesAndSmoothsTheRecordedSamples) {
@@ -111,17 +111,15 @@ TEST_F(TabletTest, ReplayFadesAndSmoothsTheRecordedSamples) {
             (pressures[a] + pressures[b]) / 2, uint32_t(20 * i)};
   }
   // The last 100 ms are slots 4..8 (after slot 3 at 60 ms): they fall from
-  // slot 3's pressure to 0 at slot 8.
+  // slot 3's pressure to 0 at slot 8. The first 100 ms end at slot 5:
+  // slots 0..4 rise from 0 to slot 5's.
   for (int k = 0; k < 5; ++k) e[8 - k].pressure = k * e[3].pressure / 4;
-  // The first 100 ms end at slot 5: slots 0..4 rise from 0 to slot 5's.
   for (int k = 0; k < 5; ++k) e[k].pressure = k * e[5].pressure / 4;
   // The mean of slots i - 5 .. i + 4 (clamped), those behind already smoothed.
   for (int i = 0; i < 9; ++i) {
     double sx = 0, sy = 0;
-    for (int k = i - 5; k <= i + 4; ++k) {
-      sx += e[std::clamp(k, 0, 8)].x;
-      sy += e[std::clamp(k, 0, 8)].y;
-    }
+    for (int k = i - 5; k <= i + 4; ++k)
+      sx += e[std::clamp(k, 0, 8)].x, sy += e[std::clamp(k, 0, 8)].y;
     e[i].x = float(sx * 0.1);
     e[i].y = float(sy * 0.1);
   }

@@ -56,8 +56,7 @@ class StrokeTest : public ::testing::Test {
   void SetUp() override {
     headless::Reset();
     std::memset(&settings, 0, sizeof settings);
-    settings.imageBuffer = Physical;
-    settings.workBuffer = Physical;
+    settings.imageBuffer = settings.workBuffer = Physical;
     settings.positionSmoothing = 1;
     settings.undoCount = 5;
     StrokeEngine.Reset();
@@ -91,19 +90,21 @@ class StrokeTest : public ::testing::Test {
     pen.colorStyle = 1;
     gradientRowSource = RecordDab;
   }
-  // A tip of one full pixel at its top left (the block of radius 0).
-  static void OnePixelPen(uint32_t red, uint32_t green, uint32_t blue) {
+  // A block tip of the radius (one full pixel at its top left for 0).
+  static void BlockPen(double radius, uint32_t red, uint32_t green, uint32_t blue) {
     pen.tipShape = 10;
-    pen.radiusX = pen.radiusY = 0;
+    pen.radiusX = pen.radiusY = radius;
     BuildTip();
-    pen.red = red;
-    pen.green = green;
-    pen.blue = blue;
+    pen.red = red, pen.green = green, pen.blue = blue;
   }
   // The pointer at the press, then one sample per pass of a loop.
   static void Press(int x, int y, const Keys& keys) { headless::Recorded().pointer = {x, y, keys}; }
   static void Then(std::vector<headless::PointerSample> samples) {
     headless::ScriptPointer(samples);
+  }
+  static std::vector<int> UndoBox(int entry = 0) {
+    const UndoEntry& e = UndoHistory.entries[entry];
+    return {e.left, e.top, e.right, e.bottom};
   }
 
   std::vector<std::unique_ptr<Canvas>> canvases;
@@ -132,10 +133,9 @@ inline std::vector<Dab> OfferedPoints(double x0, double y0, double x1, double y1
 inline void AcceptSpaced(const std::vector<Dab>& offered, double spacing, bool first,
                          std::vector<Dab>& accepted) {
   for (const Dab& p : offered) {
-    if (!first && !accepted.empty()) {
-      const Dab& q = accepted.back();
-      if (std::sqrt((p.x - q.x) * (p.x - q.x) + (p.y - q.y) * (p.y - q.y)) < spacing) continue;
-    }
+    const double dx = accepted.empty() ? 0 : p.x - accepted.back().x,
+                 dy = accepted.empty() ? 0 : p.y - accepted.back().y;
+    if (!first && !accepted.empty() && std::sqrt(dx * dx + dy * dy) < spacing) continue;
     first = false;
     accepted.push_back(p);
   }
@@ -145,10 +145,9 @@ inline void AcceptSpaced(const std::vector<Dab>& offered, double spacing, bool f
 // of 2 r + 2 pixels and one more column and row.
 inline std::vector<int> DabsBox(const std::vector<Dab>& dabs, int r) {
   std::vector<int> box{999999, 999999, 0, 0};
-  for (const Dab& d : dabs) {
+  for (const Dab& d : dabs)
     box = {std::min(box[0], int(d.x) - r), std::min(box[1], int(d.y) - r),
            std::max(box[2], int(d.x) + r + 3), std::max(box[3], int(d.y) + r + 3)};
-  }
   return box;
 }
 

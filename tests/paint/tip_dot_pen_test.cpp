@@ -15,23 +15,23 @@ namespace fs = std::filesystem;
 
 class DotPenTest : public PenTest {
  protected:
-  // A white picture with the given pixels, saved as a BMP.
-  struct Dot {
-    int x, y;
-    uint32_t r, g, b;
-  };
-  void SavePicture(const fs::path& path, int width, int height, std::initializer_list<Dot> dots) {
+  // A white picture with the given pixels (x, y, red, green, blue), saved
+  // as a BMP.
+  static void SavePicture(const fs::path& path, int width, int height,
+                          std::initializer_list<std::array<int, 5>> dots) {
     fs::create_directories(path.parent_path());
     Plane* picture = PlaneStore.CreatePlane(width, height, 24, 255, 1, Physical);
-    for (Dot d : dots) PlaneStore.WritePixel24(picture, d.x, d.y, d.r, d.g, d.b);
+    for (auto d : dots) PlaneStore.WritePixel24(picture, d[0], d[1], d[2], d[3], d[4]);
     ASSERT_EQ(1, SaveBmp(picture, path.string()));
     PlaneStore.FreePlane(&picture);
   }
-  Raster TipOf(const fs::path& path) {
-    Plane* tip = LoadDotTip(path.string());
+  static Raster TipOf(Plane* tip) {
     Raster raster = Read(tip);
     PlaneStore.FreePlane(&tip);
     return raster;
+  }
+  static std::vector<std::string> Names(const char (*names)[kPenNameBytes], int count) {
+    return {names, names + count};
   }
 };
 
@@ -40,86 +40,72 @@ TEST_F(DotPenTest, TipIsTheBoxOfWhatIsNotWhiteCutTo256) {
   // Only pixels whose largest channel is below 255 count: pure yellow at
   // (10, 7) does not, the near white at (2, 5) does. Box x 2..6, y 2..5.
   SavePicture(file, 12, 9,
-              {{3, 4, 0, 0, 0}, {6, 2, 30, 60, 90}, {4, 4, 255, 0, 0}, {10, 7, 255, 255, 0},
+              {{3, 4, 0, 0, 0},
+               {6, 2, 30, 60, 92},
+               {4, 4, 255, 0, 0},
+               {10, 7, 255, 255, 0},
                {2, 5, 254, 254, 254}});
-  Raster tip = TipOf(file);
+  Raster tip = TipOf(LoadDotTip(file.string()));
   ASSERT_EQ(std::make_pair(5, 4), std::make_pair(tip.width, tip.height));
-  // Black, 255 - 180 / 3, red inside the box 255 - 255 / 3, 255 - 254, white.
+  // Black, 255 - 182 / 3, red inside the box 255 - 255 / 3, 255 - 254, white.
   EXPECT_EQ((Bytes{255, 195, 170, 1, 0}),
             (Bytes{tip.at(1, 2), tip.at(4, 0), tip.at(2, 2), tip.at(0, 3), tip.at(0, 0)}));
-
-  // All white, or no file at all: one pixel of nothing.
-  SavePicture(file, 7, 5, {});
-  EXPECT_EQ((Raster{1, 1, {0}}), TipOf(file));
-  EXPECT_EQ((Raster{1, 1, {0}}), TipOf(scratch.path / "missing.bmp"));
-  std::ofstream(file, std::ios::binary | std::ios::trunc) << "BM broken";
-  EXPECT_EQ((Raster{1, 1, {0}}), TipOf(file));
-
+  // All white, no file at all, or a broken one: one pixel of nothing.
+  SavePicture(scratch.path / "white.bmp", 7, 5, {});
+  std::ofstream(scratch.path / "broken.bmp", std::ios::binary) << "BM broken";
+  for (const char* name : {"white.bmp", "missing.bmp", "broken.bmp"})
+    EXPECT_EQ((Raster{1, 1, {0}}), TipOf(LoadDotTip((scratch.path / name).string()))) << name;
   // A grey picture, its box cut to the top left 256 columns.
   Plane* grey = PlaneStore.CreatePlane(300, 4, 8, 255, 1, Physical);
   PlaneStore.WritePixel8(grey, 0, 1, 100);
   PlaneStore.WritePixel8(grey, 299, 3, 0);
-  Plane* cut = MakeDotTip(grey);
-  tip = Read(cut);
+  tip = TipOf(MakeDotTip(grey));
   EXPECT_EQ(std::make_tuple(256, 3, 155),
             std::make_tuple(tip.width, tip.height, int(tip.at(0, 0))));
-  PlaneStore.FreePlane(&cut);
   PlaneStore.FreePlane(&grey);
 }
 
-TEST_F(DotPenTest, FoldersAndFilesAreListedInByteOrder) {
+TEST_F(DotPenTest, FoldersAndFilesAreListedInByteOrderUpToTheirLimits) {
   fs::path pendata = scratch.path / "pendata";
-  std::string longName(40, 'x');
   for (const char* family : {"b", "B", "a"}) fs::create_directories(pendata / family);
-  fs::create_directories(pendata / longName);
+  fs::create_directories(pendata / std::string(40, 'x'));  // a name too long
   SavePicture(pendata / "a" / "z.bmp", 4, 4, {{1, 1, 0, 0, 0}});
   SavePicture(pendata / "a" / "Y.BMP", 4, 4, {{2, 3, 0, 0, 0}});
   std::ofstream(pendata / "a" / "notes.txt") << "not a pen";
   std::ofstream(pendata / "c.bmp") << "a file, not a family";
 
   ASSERT_EQ(3, PenDataList.Read(scratch.Prefix()));
-  EXPECT_EQ((std::vector<std::string>{"B", "a", "b"}),
-            (std::vector<std::string>{PenDataList.folders[0], PenDataList.folders[1],
-                                      PenDataList.folders[2]}));
+  EXPECT_EQ((std::vector<std::string>{"B", "a", "b"}), Names(PenDataList.folders, 3));
   EXPECT_EQ(0, PenDataList.fileCount);  // "B" is empty
-
   EXPECT_EQ(1, PenDataList.NextFolder());
+  EXPECT_EQ((std::vector<std::string>{"Y.BMP", "z.bmp"}), Names(PenDataList.files, 2));
   ASSERT_EQ(2, PenDataList.fileCount);
-  EXPECT_EQ((std::vector<std::string>{"Y.BMP", "z.bmp"}),
-            (std::vector<std::string>{PenDataList.files[0], PenDataList.files[1]}));
   ASSERT_EQ(1, PenDataList.PickDotPen(1));
   EXPECT_EQ(1, PenDataList.fileInUse);
   EXPECT_EQ((Raster{1, 1, {255}}), Read(dotTip));
   EXPECT_EQ(0, PenDataList.PickDotPen(2));
   EXPECT_EQ("", PenDataList.FilePath(2));
-
   PenDataList.NextFolder();
   EXPECT_EQ(1, PenDataList.NextFolder());  // wraps to the first
   EXPECT_EQ(0, PenDataList.folderInUse);
-}
 
-TEST_F(DotPenTest, ListsStopAtTheirLimits) {
-  fs::path pendata = scratch.path / "pendata";
+  scratch.Renew();
   for (int i = 0; i < 25; ++i) fs::create_directories(pendata / ("f" + std::to_string(100 + i)));
   for (int i = 0; i < 35; ++i) std::ofstream(pendata / "f100" / (std::to_string(100 + i) + ".bmp"));
   ASSERT_EQ(kPenFolderLimit, PenDataList.Read(scratch.Prefix()));
   EXPECT_STREQ("f119", PenDataList.folders[19]);
   EXPECT_EQ(kPenFileLimit, PenDataList.fileCount);
   EXPECT_STREQ("129.bmp", PenDataList.files[29]);
-
   EXPECT_EQ(0, PenDataList.Read(scratch.Prefix() + "nowhere/"));  // no pendata at all
   EXPECT_EQ(0, PenDataList.NextFolder());
   EXPECT_EQ(0, PenDataList.PickDotPen(0));
 }
 
 TEST_F(DotPenTest, ShippedFamiliesGiveInkedTips) {
-  fs::path shipped = TESEL_PENDATA_DIR;
-  ASSERT_EQ(3, PenDataList.Read(shipped.parent_path().string() + "/"));
-  for (const char* family : {"chalk", "dots", "leaf"}) {
-    int index = 0;
-    while (index < PenDataList.folderCount && std::strcmp(PenDataList.folders[index], family))
-      ++index;
-    ASSERT_EQ(1, PenDataList.SelectFolder(index)) << family;
+  ASSERT_EQ(3, PenDataList.Read(fs::path(TESEL_PENDATA_DIR).parent_path().string() + "/"));
+  EXPECT_EQ((std::vector<std::string>{"chalk", "dots", "leaf"}), Names(PenDataList.folders, 3));
+  for (int family = 0; family < 3; ++family) {
+    ASSERT_EQ(1, PenDataList.SelectFolder(family));
     EXPECT_GE(PenDataList.fileCount, 3) << family;
     for (int i = 0; i < PenDataList.fileCount; ++i) {
       ASSERT_EQ(1, PenDataList.PickDotPen(i));

@@ -3,25 +3,13 @@
 #include <algorithm>
 #include <cstdlib>
 
-#include "paint/tip.h"
 #include "tip_test_support.h"
 
 namespace {
 
 using namespace tiptest;
 
-class FixedTipTest : public PenTest {
- protected:
-  void Build(int shape, double rx, double ry) {
-    pen.tipShape = shape;
-    pen.radiusX = rx;
-    pen.radiusY = ry;
-    ASSERT_EQ(1, BuildTip());
-  }
-  Plane* Filled(int width, int height, int bits, int value) {
-    return PlaneStore.CreatePlane(width, height, bits, value, 1, Physical);
-  }
-};
+using FixedTipTest = PenTest;
 
 // A block fills trunc(2 rx + 1) x trunc(2 ry + 1) from the top left of
 // its raster, low bytes 0; a frame is the raster's outline in both.
@@ -31,7 +19,7 @@ TEST_F(FixedTipTest, BlockAndFrame) {
     int w, h, bw, bh;
   };
   for (Case c : {Case{2, 1, 6, 4, 5, 3}, Case{2.5, 1.4, 6, 4, 6, 3}, Case{0.5, 0, 2, 2, 2, 1},
-                 Case{3.3, 4.9, 8, 10, 7, 10}, Case{0, 2, 2, 6, 1, 5}}) {
+                 Case{3.3, 4.9, 8, 10, 7, 10}, Case{0, 2, 2, 6, 1, 5}})
     for (int shape : {10, 11}) {
       Build(shape, c.rx, c.ry);
       Raster high = Read(pen.tipHigh), low = Read(pen.tipLow);
@@ -46,15 +34,15 @@ TEST_F(FixedTipTest, BlockAndFrame) {
         }
       EXPECT_EQ(0, wrong) << "shape " << shape << " radii " << c.rx << ", " << c.ry;
     }
-  }
   Build(10, 0, 0);  // a zero radius sets one pixel, in both rasters
   EXPECT_EQ((Raster{2, 2, {255, 0, 0, 0}}), Read(pen.tipHigh));
   EXPECT_EQ((Raster{2, 2, {255, 0, 0, 0}}), Read(pen.tipLow));
   EXPECT_EQ(0, pen.tipAnimated);
   // Radii outside their range are brought in.
   Build(10, 400, -3);
-  EXPECT_EQ(std::make_pair(256, 2), std::make_pair(pen.tipHigh->width, pen.tipHigh->height));
-  EXPECT_EQ(std::make_pair(127 * 127, 0), std::make_pair(pen.radiusXSquared, pen.radiusProduct));
+  EXPECT_EQ(std::make_tuple(256, 2, 127 * 127, 0),
+            std::make_tuple(pen.tipHigh->width, pen.tipHigh->height, pen.radiusXSquared,
+                            pen.radiusProduct));
 }
 
 TEST_F(FixedTipTest, FetchTakesStampThenDotTipThenTheGeneratedTip) {
@@ -64,48 +52,42 @@ TEST_F(FixedTipTest, FetchTakesStampThenDotTipThenTheGeneratedTip) {
     std::fill_n(high, kTipBufferBytes, 77);
     std::fill_n(low, kTipBufferBytes, 77);
     FetchTipRaster(high, low, &w, &h);
+    return std::make_tuple(w, h, tipMinimum());
   };
-
+  auto filled = [](int width, int height, int bits) {
+    return PlaneStore.CreatePlane(width, height, bits, 0, 1, Physical);
+  };
   // Never built: the generated tip is made on the way.
   pen.tipShape = 11;
   pen.radiusX = 2;
   pen.radiusY = 1;
-  fetch();
-  ASSERT_EQ(std::make_pair(6, 4), std::make_pair(w, h));
+  EXPECT_EQ(std::make_tuple(6, 4, 4.0), fetch());
   Raster frame = Read(pen.tipHigh);
   EXPECT_TRUE(std::equal(frame.bytes.begin(), frame.bytes.end(), high));
   EXPECT_EQ(std::make_pair(255, 0), std::make_pair(int(low[0]), int(low[7])));
-  EXPECT_EQ(4.0, tipMinimum());
 
   // The dot tip: its rows, low bytes 0.
-  dotTip = Filled(3, 5, 8, 0);
+  dotTip = filled(3, 5, 8);
   for (int y = 0; y < 5; ++y) PlaneStore.WritePixel8(dotTip, 1, y, 10 + y);
   dotTipActive = 1;
-  fetch();
-  ASSERT_EQ(std::make_pair(3, 5), std::make_pair(w, h));
+  EXPECT_EQ(std::make_tuple(3, 5, 3.0), fetch());
   EXPECT_EQ(std::make_pair(0, 14), std::make_pair(int(high[0]), int(high[13])));
   EXPECT_TRUE(std::all_of(low, low + 15, [](uint8_t v) { return v == 0; }));
-  EXPECT_EQ(3.0, tipMinimum());
 
   // The stamp, in pen mode Color only: full strength over the pattern.
-  pen.patternImage = Filled(9, 4, 24, 0);
+  pen.patternImage = filled(9, 4, 24);
   pen.patternActive = 1;
   patternIsTip = 1;
-  fetch();
-  ASSERT_EQ(std::make_pair(9, 4), std::make_pair(w, h));
+  EXPECT_EQ(std::make_tuple(9, 4, 4.0), fetch());
   EXPECT_TRUE(std::all_of(high, high + 36, [](uint8_t v) { return v == 255; }));
   EXPECT_TRUE(std::all_of(low, low + 36, [](uint8_t v) { return v == 255; }));
   EXPECT_EQ(77, high[36]);
-  EXPECT_EQ(4.0, tipMinimum());
   pen.mode = 1;
-  fetch();
-  EXPECT_EQ(3, w);
+  EXPECT_EQ(std::make_tuple(3, 5, 3.0), fetch());
 
   // Back to the generated tip; an animated one is rebuilt for each dab.
   dotTipActive = 0;
-  pen.tipShape = 6;
-  pen.radiusX = pen.radiusY = 8;
-  BuildTip();
+  Build(6, 8, 8);
   std::srand(5);
   fetch();
   Raster built = Read(pen.tipHigh);

@@ -1,5 +1,7 @@
 // What the option panels do to the pen: the panel choice, shape buttons and
 // drag sizing, the size list, stored pens, the pen pattern and the text tip.
+#include "paint/tip_panels.h"
+
 #include <cstring>
 #include <fstream>
 #include <iterator>
@@ -8,8 +10,6 @@
 #include "paint/pen_sizes.h"
 #include "paint/stored_pen.h"
 #include "paint/text_tip.h"
-#include "paint/tip.h"
-#include "paint/tip_panels.h"
 #include "settings/number_lists.h"
 #include "store/dib.h"
 #include "tip_test_support.h"
@@ -37,13 +37,12 @@ class PanelTest : public PenTest {
     for (const auto& box : headless::Recorded().boxes) texts.push_back(box.text);
     return texts;
   }
-  static std::filesystem::path SlotFile(int slot) {
-    return scratch.path / ("pen0" + std::to_string(slot));
-  }
   static void WritePenFile(int slot, const Bytes& bytes, size_t size) {
-    std::ofstream(SlotFile(slot), std::ios::binary)
-        .write(reinterpret_cast<const char*>(bytes.data()), size);
+    std::ofstream(scratch.path / ("pen0" + std::to_string(slot)), std::ios::binary)
+        .write(reinterpret_cast<const char*>(bytes.data()), std::streamsize(size));
   }
+  static auto Radii() { return std::make_pair(pen.radiusX, pen.radiusY); }
+  static auto TipSize() { return std::make_pair(pen.tipHigh->width, pen.tipHigh->height); }
   static void SetPen() {
     dotPenPanel = 0;
     pen.tipShape = 13, pen.colorThickness = 200, pen.density = 17;
@@ -81,11 +80,9 @@ TEST_F(PanelTest, PanelChoiceShapeButtonsAndDragSizing) {
                  Case{-5, 9, true, false, 5, 9}, Case{-5, 9, true, true, 5, 5},
                  Case{0, 300, true, false, 1, 127}}) {
     DragTipRadii(c.dx, c.dy, c.right, c.shift);
-    EXPECT_EQ(std::make_pair(c.rx, c.ry), std::make_pair(pen.radiusX, pen.radiusY))
-        << c.dx << "," << c.dy;
+    EXPECT_EQ(std::make_pair(c.rx, c.ry), Radii()) << c.dx << "," << c.dy;
   }
-  EXPECT_EQ(std::make_pair(int(TipPreviewShade(10)), int(TipPreviewShade(64))),
-            std::make_pair(215, 0));
+  EXPECT_EQ(std::make_tuple(215, 0), std::make_tuple(TipPreviewShade(10), TipPreviewShade(64)));
 }
 
 TEST_F(PanelTest, SizeListKeepsSortedSizesUpToItsLimit) {
@@ -94,8 +91,8 @@ TEST_F(PanelTest, SizeListKeepsSortedSizesUpToItsLimit) {
   AddPenSize(5, 2);
   AddPenSize(5, 7);    // already there
   AddPenSize(0, 400);  // each side within 1..255
-  EXPECT_EQ(Entries(),
-            (Sizes{{1, 1}, {1, 255}, {5, 7}, {5, 2}, {9, 1}}));  // equal widths keep their order
+  // Equal widths keep their order.
+  EXPECT_EQ(Entries(), (Sizes{{1, 1}, {1, 255}, {5, 7}, {5, 2}, {9, 1}}));
   pen.radiusX = 2.7;  // trunc(6.4) x trunc(1.4)
   pen.radiusY = 0.2;
   AddCurrentPenSize();
@@ -115,9 +112,8 @@ TEST_F(PanelTest, SizeListPicksAndDeletesAfterAsking) {
   AddPenSize(7, 4);
   AddPenSize(9, 9);
   ASSERT_EQ(1, PickPenSize(1));
-  EXPECT_EQ(std::make_pair(pen.radiusX, pen.radiusY), std::make_pair(3.0, 1.5));
-  ASSERT_NE(nullptr, pen.tipHigh);
-  EXPECT_EQ(std::make_pair(pen.tipHigh->width, pen.tipHigh->height), std::make_pair(8, 4));
+  EXPECT_EQ(Radii(), std::make_pair(3.0, 1.5));
+  EXPECT_EQ(TipSize(), std::make_pair(8, 4));
   EXPECT_EQ(0, PickPenSize(3));
   EXPECT_EQ("", PenSizeLabel(3));
 
@@ -133,8 +129,7 @@ TEST_F(PanelTest, SizeListPicksAndDeletesAfterAsking) {
 
 TEST_F(PanelTest, StoredPenFileHoldsTheTipAndStrengthsOnly) {
   SetPen();
-  pen.red = 12;
-  pen.mode = 6;
+  pen.red = 12, pen.mode = 6;
   ASSERT_EQ(1, SavePen(scratch.Prefix(), 4));
   // Shape, file, folder, thickness, density; the radii as doubles, little-
   // endian: 3.25 = 0x400A000000000000, 0.5 = 0x3FE0000000000000.
@@ -149,20 +144,17 @@ TEST_F(PanelTest, StoredPenFileHoldsTheTipAndStrengthsOnly) {
                            {24, 0xE0},
                            {25, 0x3F}})
     expected[at] = uint8_t(value);
-  std::ifstream in(SlotFile(4), std::ios::binary);
+  std::ifstream in(scratch.path / "pen04", std::ios::binary);
   EXPECT_EQ(expected, Bytes(std::istreambuf_iterator<char>(in), {}));
 
   pen.tipShape = 2, pen.colorThickness = pen.density = 255, pen.radiusX = pen.radiusY = 40;
   pen.red = 99, dotTipActive = 1;
   ASSERT_EQ(1, LoadPen(scratch.Prefix(), 4));
-  EXPECT_EQ(
-      std::make_tuple(pen.tipShape, pen.colorThickness, pen.density, pen.radiusX, pen.radiusY),
-      std::make_tuple(13, 200u, 17u, 3.25, 0.5));
-  EXPECT_EQ(std::make_pair(pen.red, pen.mode),
-            std::make_pair(99u, 6u));  // colour and mode are not stored
-  EXPECT_EQ(0, dotTipActive);                                            // the brush panel is back
-  ASSERT_NE(nullptr, pen.tipHigh);                                       // and the tip rebuilt
-  EXPECT_EQ(std::make_pair(pen.tipHigh->width, pen.tipHigh->height), std::make_pair(8, 2));
+  // Colour and mode are not stored; the brush panel is back, the tip rebuilt.
+  EXPECT_EQ(std::make_tuple(pen.tipShape, pen.colorThickness, pen.density, pen.radiusX, pen.radiusY,
+                            pen.red, pen.mode, dotTipActive),
+            std::make_tuple(13, 200u, 17u, 3.25, 0.5, 99u, 6u, 0));
+  EXPECT_EQ(TipSize(), std::make_pair(8, 2));
 
   // The Shift key stores and says so; the key alone loads.
   ASSERT_EQ(1, StoredPenKey(scratch.Prefix(), 3, true));
@@ -171,9 +163,8 @@ TEST_F(PanelTest, StoredPenFileHoldsTheTipAndStrengthsOnly) {
   ASSERT_EQ(1, StoredPenKey(scratch.Prefix(), 3, false));
   EXPECT_EQ(13, pen.tipShape);
   EXPECT_EQ(BoxTexts(), std::vector<std::string>{"Now registered to [3]!"});
-}
 
-TEST_F(PanelTest, StoredDotPenComesBackFromItsFolder) {
+  // A dot pen comes back from its folder.
   std::filesystem::create_directories(scratch.path / "pendata" / "f");
   Plane* picture = PlaneStore.CreatePlane(3, 2, 8, 0, 1, Physical);
   ASSERT_EQ(1, SaveBmp(picture, (scratch.path / "pendata" / "f" / "a.bmp").string()));
@@ -205,12 +196,11 @@ TEST_F(PanelTest, BadStoredPenFilesAndSlotsLeaveThePenAlone) {
   EXPECT_EQ(std::make_tuple(pen.tipShape, pen.radiusX, pen.tipHigh),
             std::make_tuple(13, 3.25, nullptr));
   // Radii out of range are brought in, as at start.
-  const double huge = 1e300, negative = -2;
-  std::memcpy(&file[10], &huge, 8);
-  std::memcpy(&file[18], &negative, 8);
+  const double radii[2] = {1e300, -2};
+  std::memcpy(&file[10], radii, sizeof radii);
   WritePenFile(5, file, 200);
   ASSERT_EQ(1, LoadPen(scratch.Prefix(), 5));
-  EXPECT_EQ(std::make_pair(pen.radiusX, pen.radiusY), std::make_pair(127.0, 0.0));
+  EXPECT_EQ(Radii(), std::make_pair(127.0, 0.0));
 }
 
 TEST_F(PanelTest, PatternAsksWhetherToBeATip) {
@@ -240,8 +230,7 @@ TEST_F(PanelTest, PatternAsksWhetherToBeATip) {
   EXPECT_EQ(0, SetPenPattern("x.png", nullptr, nullptr));
   EXPECT_EQ(kept, pen.patternImage);
   FreePenPattern();
-  EXPECT_EQ(nullptr, pen.patternImage);
-  EXPECT_EQ(0u, pen.patternActive);
+  EXPECT_EQ(std::make_tuple(pen.patternImage, pen.patternActive), std::make_tuple(nullptr, 0u));
 }
 
 TEST_F(PanelTest, TextTipIsTheRenderedTextInvertedAndCut) {
@@ -250,8 +239,7 @@ TEST_F(PanelTest, TextTipIsTheRenderedTextInvertedAndCut) {
   PlaneStore.WritePixel8(rendered, 256, 0, 0);  // beyond the cut
   ASSERT_EQ(1, SetTextTip(rendered));
   Raster tip = Read(dotTip);
-  EXPECT_EQ(std::make_pair(tip.width, tip.height), std::make_pair(256, 2));
-  EXPECT_EQ(215, tip.at(0, 1));
+  EXPECT_EQ(std::make_tuple(tip.width, tip.height, tip.at(0, 1)), std::make_tuple(256, 2, 215));
   EXPECT_EQ(0, *std::max_element(tip.bytes.begin() + 1, tip.bytes.begin() + 256));
   PlaneStore.FreePlane(&rendered);
 }

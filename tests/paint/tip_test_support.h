@@ -13,6 +13,7 @@
 #include "paint/dab_count.h"
 #include "paint/pen_data_list.h"
 #include "paint/pen_record.h"
+#include "paint/tip.h"
 #include "platform/headless/headless.h"
 #include "store/plane_store.h"
 
@@ -63,6 +64,13 @@ class PenTest : public ::testing::Test {
     scratch.Renew();
   }
   void TearDown() override { ResetPen(); }
+  // The generated tip of a shape and radii.
+  static void Build(int shape, double rx, double ry) {
+    pen.tipShape = shape;
+    pen.radiusX = rx;
+    pen.radiusY = ry;
+    ASSERT_EQ(1, BuildTip());
+  }
 };
 
 }  // namespace tiptest
