@@ -64,8 +64,10 @@ struct ViewWindows {
   std::function<void(const std::string& text)> showPosition;
   // Bits per pixel of the screen; 15 and 16 are dithered.
   std::function<int()> displayBits;
-  // A 24-bit tile copied to displayWnd with its top left at (x, y).
-  std::function<void(Canvas* canvas, const DibTile* tile, int x, int y)> drawTile;
+  // Of a 24-bit picture whose top left stands at (x, y) of displayWnd, the
+  // part (in the picture's pixels) is copied to the window.
+  std::function<void(Canvas* canvas, const DibTile* picture, int x, int y, const ViewRect& part)>
+      drawPicture;
   // A grid line in the grid colour, pen width 1, clipped to clip; with
   // invert set by R2_NOTXORPEN, so that a second drawing removes it.
   std::function<void(Canvas* canvas, const GridLine& line, uint32_t red, uint32_t green,

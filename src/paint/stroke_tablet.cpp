@@ -70,7 +70,9 @@ int RunTabletStroke(Canvas* canvas, int, int, int rightButton) {
   }
 
   RecordStrokeUndo(canvas, box);
-  if (StrokeEngine.autoSmooth) {
+  // A tap is not replayed: undoing it would leave nothing, as the replay
+  // paints nothing for fewer than two samples.
+  if (StrokeEngine.autoSmooth && count >= 2) {
     UndoHistory.Undo(canvas, 0);
     ReplaySmoothedStroke(canvas, rightButton, count, box.left, box.top, box.right, box.bottom);
   }

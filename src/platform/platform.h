@@ -96,16 +96,30 @@ bool RemoveFile(const std::string& path);
 // The hourglass while a long operation runs.
 void SetWaitCursor(bool on);
 
-// Raises the thread priority for one scope and restores it on every exit.
+// Whether raising the thread priority around a short copy is worth its
+// cost here. On Windows a change is one system call; under Wine it is a
+// round trip to the wine server each way, which costs a hundred times the
+// row copy it would guard and does not keep pages in memory there either.
+bool PriorityBoostPays();
+
+// Raises the thread priority for one scope and restores it on every exit;
+// nothing where PriorityBoostPays() says no.
 class PriorityBoost {
  public:
-  explicit PriorityBoost(int priority) : saved_(ThreadPriority()) { SetThreadPriority(priority); }
-  ~PriorityBoost() { SetThreadPriority(saved_); }
+  explicit PriorityBoost(int priority) : active_(PriorityBoostPays()) {
+    if (!active_) return;
+    saved_ = ThreadPriority();
+    SetThreadPriority(priority);
+  }
+  ~PriorityBoost() {
+    if (active_) SetThreadPriority(saved_);
+  }
   PriorityBoost(const PriorityBoost&) = delete;
   PriorityBoost& operator=(const PriorityBoost&) = delete;
 
  private:
-  int saved_;
+  bool active_;
+  int saved_ = PriorityNormal;
 };
 
 // Pointer and keys, polled by the modal loops (strokes, drags), which run

@@ -48,7 +48,9 @@ int PackedRows::Setup(int bitsIn, int width, int heightIn, int rowsPerBlockIn) {
     Release();
     return -2;
   }
-  size_t size = rowStride * static_cast<size_t>(height);
+  // Every block, the last one too, has a whole block's room: a block that
+  // doesn't shrink is kept as it is.
+  size_t size = blockBytes * static_cast<size_t>(blockCount);
   reservedBase = static_cast<uint8_t*>(platform::ReserveRange(size));
   if (!reservedBase) {
     Release();
@@ -71,14 +73,14 @@ bool PackedRows::Commit(uint8_t* address, size_t size) {
 
 int PackedRows::PackBlock() {
   Block& block = blocks[blockFirstRow / rowsPerBlock];
-  // The last block's place ends with the reserved range, short of a whole block.
-  size_t room = std::min(blockBytes, reservedSize - (block.packed - reservedBase));
-  uLongf packed = room;
-  // Output beyond the room is cut off, and the result isn't examined: a
-  // block that doesn't shrink (noise) later unpacks all but its last bytes.
-  compress(staging_.get(), &packed, blockBuffer, blockBytes);
-  if (packed > 0 && !Commit(block.packed, packed)) return -1;
-  std::memcpy(block.packed, staging_.get(), packed);
+  uLongf packed = blockBytes;
+  // A block that doesn't shrink (noise) is stored unpacked: a length of
+  // blockBytes marks it, since a packed one is always shorter.
+  const bool shrank = compress(staging_.get(), &packed, blockBuffer, blockBytes) == Z_OK &&
+                      packed < blockBytes;
+  if (!shrank) packed = blockBytes;
+  if (!Commit(block.packed, packed)) return -1;
+  std::memcpy(block.packed, shrank ? staging_.get() : blockBuffer, packed);
   block.length = packed;
   return 0;
 }
@@ -92,7 +94,9 @@ int PackedRows::Switch(int y, bool unpackEmpty) {
   }
   const Block& block = blocks[y / rowsPerBlock];
   blockFirstRow = y / rowsPerBlock * rowsPerBlock;
-  if (block.length != 0) {
+  if (block.length == blockBytes) {
+    std::memcpy(blockBuffer, block.packed, blockBytes);
+  } else if (block.length != 0) {
     uLongf size = blockBytes;
     uncompress(blockBuffer, &size, block.packed, block.length);
   } else if (!unpackEmpty) {

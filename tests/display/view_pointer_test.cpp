@@ -133,9 +133,9 @@ TEST_F(Pointer, PickLayerChoosesTheTopmostShownLayerAndDragsIt) {
   EXPECT_EQ(canvas->modified, 1u);
 
   // Left button on layer 1: a drag snapped to 4, from 24 to 28 and then 32.
-  int boxes = 0, tiles = 0;
+  int boxes = 0, pictures = 0;
   viewWindows.invertBox = [&](Canvas*, const ViewRect&) { ++boxes; };
-  viewWindows.drawTile = [&](Canvas*, const DibTile*, int, int) { ++tiles; };
+  viewWindows.drawPicture = [&](Canvas*, const DibTile*, int, int, const ViewRect&) { ++pictures; };
   canvas->gridOn = canvas->gridSnap = 1;
   canvas->gridX = canvas->gridY = 4;
   script = {};
@@ -146,7 +146,7 @@ TEST_F(Pointer, PickLayerChoosesTheTopmostShownLayerAndDragsIt) {
     EXPECT_EQ(std::tie(canvas->planes[8 + position].left, canvas->planes[8 + position].top),
               std::make_tuple(18, 18));
   EXPECT_EQ(boxes % 2, 0);  // every inverted box was taken off again
-  EXPECT_GT(tiles, 0);
+  EXPECT_GT(pictures, 0);
   const auto corners = headless::MessagesTo(platform::Window::StatusBar, 1024);
   EXPECT_EQ(std::tie(corners.back().wParam, corners.back().lParam),
             std::make_tuple(7, intptr_t{(47 << 16) | 47}));

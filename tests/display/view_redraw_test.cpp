@@ -83,10 +83,17 @@ TEST_F(Redraw, WalkReachesOneTileBeyondAndStopsAtTheCanvas) {
   canvas->zoomStep = 1;  // 450 x 300 view pixels
   const std::vector<RedrawTile> tiles = PlanRedraw(canvas, 0, 0, 449, 299);
   // Columns at 0, 128, 256, 384 (512 lies past the canvas); rows at 0, 128,
-  // 256. ToCanvas(128): one canvas pixel past the tile.
+  // 256 (384 past it). ToCanvas(128): one canvas pixel past the tile; the
+  // last tiles end with the zoomed canvas, 450 x 300.
   ASSERT_EQ(tiles.size(), 12u);
   EXPECT_EQ(std::tie(tiles[0].cx1, tiles[3].cx0, tiles[3].cx1, tiles[11].cy1),
-            std::make_tuple(85, 256, 299, 199));
+            std::make_tuple(85, 256, 300, 200));
+  // View pixel 1 shows canvas pixel 1, but converts to 0 and back to view
+  // 0: the walk of 129 pixels each way reaches it, in tiles of 128 and 1.
+  const std::vector<RedrawTile> dot = PlanRedraw(canvas, 1, 1, 1, 1);
+  ASSERT_EQ(dot.size(), 4u);
+  EXPECT_EQ(std::tie(dot[0].cx0, dot[0].cx1, dot[0].cy1, dot[1].cx0, dot[1].cx1, dot[3].cy1),
+            std::make_tuple(0, 85, 85, 85, 86, 86));
   EXPECT_TRUE(PlanRedraw(canvas, 500, 0, 600, 10).empty());
   EXPECT_TRUE(PlanRedraw(canvas, -60, -60, -3, 10).empty());  // ToCanvas(-3) is -2
 
@@ -164,25 +171,77 @@ TEST_F(Redraw, RedrawRectComposesScalesAndInvertsTheGridOnce) {
   canvas->gridRed = 1, canvas->gridGreen = 2, canvas->gridBlue = 3;
   std::vector<ViewRect> drawn;
   std::vector<Rgb> at3x2;
-  viewWindows.drawTile = [&](Canvas*, const DibTile* tile, int x, int y) {
-    drawn.push_back({x, y, tile->width, tile->height});
+  viewWindows.drawPicture = [&](Canvas*, const DibTile* tile, int x, int y, const ViewRect& part) {
+    drawn.push_back({x + part.x, y + part.y, part.width, part.height});
     at3x2 = {TilePixel(tile, 6 - x, 4 - y), TilePixel(tile, 7 - x, 5 - y),
              TilePixel(tile, 8 - x, 4 - y)};
   };
   std::vector<GridLine> lines;
   viewWindows.drawGridLine = [&](Canvas*, const GridLine& line, uint32_t r, uint32_t g, uint32_t b,
                                  int invert, const ViewRect& clip) {
-    EXPECT_EQ(std::make_tuple(r, g, b, invert, clip.width), std::make_tuple(1u, 2u, 3u, 1, 20));
+    EXPECT_EQ(std::make_tuple(r, g, b, invert, clip.width), std::make_tuple(1u, 2u, 3u, 1, 22));
     lines.push_back(line);
   };
+  // One tile of canvas columns 0..10 and rows 0..6: one past the canvas.
   RedrawRect(canvas, 0, 0, 19, 11);
   ASSERT_EQ(drawn.size(), 1u);
-  EXPECT_EQ(std::tie(drawn[0].width, drawn[0].height), std::make_tuple(20, 12));
+  EXPECT_EQ(std::tie(drawn[0].width, drawn[0].height), std::make_tuple(22, 14));
   // Pixel (3, 2) fills view 6..7 x 4..5; its neighbour is white.
   EXPECT_EQ(at3x2, (std::vector<Rgb>{{30, 20, 10}, {30, 20, 10}, {255, 255, 255}}));
   // Columns 0, 4, 8 and rows 0, 4, each once, at the middle of their pixels.
   ASSERT_EQ(lines.size(), 5u);
-  EXPECT_EQ(std::tie(lines[2].x0, lines[3].y0, lines[4].x1), std::make_tuple(17, 1, 23));
+  EXPECT_EQ(std::tie(lines[2].x0, lines[3].y0, lines[4].x1), std::make_tuple(17, 1, 25));
+}
+
+// What RedrawRect asks for is what the window shows afterwards: every view
+// pixel of a rectangle, at every zoom, the canvas pixel the view maps it to,
+// however the rectangle cuts the canvas pixels; and all of it in one picture.
+TEST_F(Redraw, EveryViewPixelOfARepaintIsDrawnAtEveryZoom) {
+  constexpr int kW = 97, kH = 61;
+  Canvas* canvas = MakeBlank(kW, kH);
+  for (int y = 0; y < kH; ++y)
+    for (int x = 0; x < kW; ++x) {
+      const Rgb c = SourceColour(x, y, kW, kH);
+      PlaneStore.WritePixel24(canvas->planes[0].plane, x, y, c[2], c[1], c[0]);
+    }
+  const Rgb stale{7, 7, 7};  // no canvas pixel has it
+  std::vector<Rgb> screen;
+  int viewW = 0, calls = 0;
+  viewWindows.drawPicture = [&](Canvas*, const DibTile* picture, int x, int y,
+                                const ViewRect& part) {
+    ++calls;
+    for (int r = part.y; r < part.y + part.height; ++r)
+      for (int c = part.x; c < part.x + part.width; ++c)
+        if (x + c >= 0 && y + r >= 0 && x + c < viewW && size_t(y + r) * viewW < screen.size())
+          screen[size_t(y + r) * viewW + x + c] = TilePixel(picture, c, r);
+  };
+  uint32_t seed = 12345;
+  auto next = [&](int n) { return int((seed = seed * 1103515245 + 12345) >> 16) % n; };
+  for (int step = -3; step <= 10; ++step) {
+    canvas->zoomStep = step;
+    viewW = ZoomedWidth(canvas);
+    const int viewH = ZoomedHeight(canvas);
+    const std::vector<int> columns = ReferenceAxis(canvas, kW, viewW);
+    const std::vector<int> rows = ReferenceAxis(canvas, kH, viewH);
+    for (int trial = 0; trial < 40; ++trial) {
+      int x0 = next(viewW + 8) - 4, x1 = x0 + next(trial < 20 ? 4 : viewW);
+      int y0 = next(viewH + 8) - 4, y1 = y0 + next(trial < 20 ? 4 : viewH);
+      screen.assign(size_t(viewW) * viewH, stale);
+      calls = 0;
+      RedrawRect(canvas, x0, y0, x1, y1);
+      int missed = 0, wrong = 0, inside = 0;
+      for (int y = std::max(y0, 0); y <= std::min(y1, viewH - 1); ++y)
+        for (int x = std::max(x0, 0); x <= std::min(x1, viewW - 1); ++x) {
+          const Rgb shown = screen[size_t(y) * viewW + x];
+          ++inside;
+          missed += shown == stale;
+          // 2/3 reduces tile by tile and promises no seams: only coverage.
+          wrong += step != -1 && shown != SourceColour(columns[x], rows[y], kW, kH);
+        }
+      EXPECT_EQ(std::make_tuple(missed, wrong, calls), std::make_tuple(0, 0, inside ? 1 : calls))
+          << "step " << step << " at " << x0 << "," << y0 << ".." << x1 << "," << y1;
+    }
+  }
 }
 
 }  // namespace

@@ -1,5 +1,5 @@
 // The pen's outline against the repaints of a stroke, on a model of the
-// screen: tiles write their pixels, the outline inverts pixels, as the
+// screen: pictures write their pixels, the outline inverts pixels, as the
 // window side does. Whatever the outline did meanwhile, once it is off the
 // screen must show the picture, as a full repaint draws it.
 #include <cstdint>
@@ -21,12 +21,13 @@ class Screen {
  public:
   Screen() : pixels_(kWidth * kHeight, 0x5A) {}
 
-  void Tile(const DibTile* tile, int x, int y) {
-    std::vector<uint8_t> row(size_t(tile->width) * 3);
-    for (int r = 0; r < tile->height; ++r) {
-      ASSERT_EQ(ReadTileRow(tile, r, 0, tile->width - 1, row.data()), 1);
-      for (int c = 0; c < tile->width; ++c)
-        if (Inside(x + c, y + r)) pixels_[(y + r) * kWidth + x + c] = row[size_t(c) * 3];
+  void Picture(const DibTile* picture, int x, int y, const ViewRect& part) {
+    std::vector<uint8_t> row(size_t(part.width) * 3);
+    for (int r = part.y; r < part.y + part.height; ++r) {
+      ASSERT_EQ(ReadTileRow(picture, r, part.x, part.x + part.width - 1, row.data()), 1);
+      for (int c = 0; c < part.width; ++c)
+        if (Inside(x + part.x + c, y + r))
+          pixels_[(y + r) * kWidth + x + part.x + c] = row[size_t(c) * 3];
     }
   }
   // The border of the outline's box, and the clone cross, inverted: the
@@ -54,8 +55,9 @@ class OutlineTest : public StrokeTest {
   void SetUp() override {
     StrokeTest::SetUp();
     InstallStrokeEngine();
-    viewWindows.drawTile = [this](Canvas*, const DibTile* tile, int x, int y) {
-      screen.Tile(tile, x, y);
+    viewWindows.drawPicture = [this](Canvas*, const DibTile* picture, int x, int y,
+                                     const ViewRect& part) {
+      screen.Picture(picture, x, y, part);
       if (StrokeEngine.running && penOutline.shown) ++coveredWhileShown;
     };
     strokeWindows.drawPenOutline = [this](WindowHandle, const PenOutline& o) { screen.Outline(o); };

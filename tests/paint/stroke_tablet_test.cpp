@@ -92,6 +92,18 @@ TEST_F(TabletTest, TabletStrokePaintsOnlyWhenPacketsCome) {
   const StrokeSample& second = StrokeEngine.strokeSamples[2];
   EXPECT_EQ(std::make_tuple(second.x, second.y, second.pressure, second.tick),
             std::make_tuple(36.0f, 30.0f, 200, 30u));
+
+  // A tap with Auto Smooth on stays as painted: one sample is neither
+  // undone nor replayed.
+  UndoHistory.Reset();
+  StrokeEngine.autoSmooth = 1;
+  packets = {{255, 0, 0}, {255, 0, 40}};
+  Then({{12, 50, kLeft}});
+  EXPECT_EQ(RunConnectedStroke(canvas, 0, 0, 0), 1);
+  uint32_t r = 255, g = 255, b = 255;
+  PlaneStore.ReadPixel24(canvas->planes[0].plane, 12, 50, &r, &g, &b);
+  EXPECT_LT(r + g + b, 3 * 255);
+  EXPECT_EQ(UndoHistory.entries[0].kind, kUndoRect);
 }
 
 TEST_F(TabletTest, ReplayFadesAndSmoothsTheRecordedSamples) {

@@ -24,15 +24,25 @@ TEST_F(StoreTest, BlocksNeverStoredOrIncompressibleReadAsPacked) {
   EXPECT_EQ(Bytes(20, 7), Fetch(rows, 8));
   EXPECT_EQ(Bytes(20, 3), Fetch(rows, 64));
 
-  // Noise doesn't shrink: packing fills the block's room and stops, and the
-  // cut stream gives back all but the tail of the block.
-  ASSERT_EQ(0, rows.Setup(24, 37, 40, 32));  // the last block has room for 8 rows
-  const Pixels noise = RandomPixels(37, 40, 3, 7);
-  for (int y = 0; y < 40; ++y) rows.StoreRow(y, noise.row(y));
-  Fetch(rows, 0);
-  EXPECT_EQ(std::pair(rows.blockBytes, size_t{8 * 112}), std::pair(rows.blocks[0].length, rows.blocks[1].length));
-  for (int y = 0; y < 32; ++y)  // all of row 31 but its last 47 bytes
-    EXPECT_TRUE(std::equal(noise.row(y), noise.row(y) + (y < 31 ? 111 : 64), Fetch(rows, y).begin())) << y;
+  // Noise doesn't shrink: such a block is kept as it is, the short last
+  // block too (40 rows: 32 and 8), and every row reads back whole after
+  // its block was put away and brought back, changed or not.
+  for (int bits : {8, 24}) {
+    ASSERT_EQ(0, rows.Setup(bits, 37, 40, 32));
+    const int bytes = bits / 8;
+    const Pixels noise = RandomPixels(37, 40, bytes, 7 + bits);
+    for (int y = 39; y >= 0; --y) rows.StoreRow(y, noise.row(y));
+    Fetch(rows, 39);
+    EXPECT_EQ(rows.blockBytes, rows.blocks[0].length) << bits;
+    for (int y = 0; y < 40; ++y)
+      EXPECT_TRUE(std::equal(noise.row(y), noise.row(y) + 37 * bytes, Fetch(rows, y).begin()))
+          << bits << " " << y;
+    // A block of noise that later packs small is unpacked again.
+    for (int y = 32; y < 40; ++y) rows.StoreRow(y, Bytes(37 * bytes, 9).data());
+    Fetch(rows, 0);
+    EXPECT_LT(rows.blocks[1].length, rows.blockBytes);
+    EXPECT_EQ(Bytes(37 * bytes, 9), Fetch(rows, 39));
+  }
 }
 
 TEST_F(StoreTest, CommitRefusedThreeTimesLosesTheBlock) {

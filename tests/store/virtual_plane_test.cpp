@@ -47,6 +47,12 @@ TEST_F(StoreTest, NarrowCacheEvictsTheOldestRowAndWritesItBack) {
   EXPECT_EQ(row0, read);
   EXPECT_EQ((std::vector<int>{0, 2, 4, 3}), CachedRows(plane));
   EXPECT_EQ(row(1), MappedRow(plane, 1));
+  // Each transfer ran at time-critical priority and gave the old one back.
+  const std::vector<int>& set = headless::Recorded().prioritiesSet;
+  ASSERT_FALSE(set.empty());
+  for (size_t i = 0; i < set.size(); ++i)
+    EXPECT_EQ(i % 2 ? platform::PriorityNormal : platform::PriorityTimeCritical, set[i]) << i;
+  EXPECT_EQ(platform::PriorityNormal, platform::ThreadPriority());
 }
 
 TEST_F(StoreTest, FailedMappingShowsBothBoxesAndGivesNull) {

@@ -23,12 +23,16 @@ class ViewDc {
 
 }  // namespace
 
-void DrawViewTile(Canvas* canvas, const DibTile* tile, int x, int y) {
+// The picture's rows run bottom-up, so the part's source row counts from
+// the bottom.
+void DrawViewPicture(Canvas* canvas, const DibTile* picture, int x, int y, const ViewRect& part) {
   ViewDc dc(canvas);
   if (!dc.get()) return;
-  SetDIBitsToDevice(dc.get(), x, y, tile->width, tile->height, 0, 0, 0, tile->height,
-                    tile->dib + tile->pixelOffset, reinterpret_cast<const BITMAPINFO*>(tile->dib),
-                    DIB_RGB_COLORS);
+  SetDIBitsToDevice(dc.get(), x + part.x, y + part.y, static_cast<DWORD>(part.width),
+                    static_cast<DWORD>(part.height), part.x,
+                    picture->height - part.y - part.height, 0,
+                    static_cast<UINT>(picture->height), picture->dib + picture->pixelOffset,
+                    reinterpret_cast<const BITMAPINFO*>(picture->dib), DIB_RGB_COLORS);
 }
 
 // Lines are vertical or horizontal with both ends drawn; LineTo leaves out

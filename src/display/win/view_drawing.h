@@ -1,4 +1,4 @@
-// What the view draws on displayWnd: composed tiles copied as they are,
+// What the view draws on displayWnd: composed pictures copied as they are,
 // and the lines and frames of overlays, drawn by inversion so that a
 // second drawing takes them off.
 #pragma once
@@ -9,7 +9,7 @@
 #include "document/canvas.h"
 #include "store/dib.h"
 
-void DrawViewTile(Canvas* canvas, const DibTile* tile, int x, int y);
+void DrawViewPicture(Canvas* canvas, const DibTile* picture, int x, int y, const ViewRect& part);
 void DrawGridLine(Canvas* canvas, const GridLine& line, uint32_t red, uint32_t green,
                   uint32_t blue, int invert, const ViewRect& clip);
 void InvertViewBox(Canvas* canvas, const ViewRect& box);

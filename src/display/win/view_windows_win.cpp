@@ -98,7 +98,7 @@ void InstallViewWindows() {
   w.showZoom = ShowZoomReadout;
   w.showPosition = ShowPosition;
   w.displayBits = ScreenBits;
-  w.drawTile = DrawViewTile;
+  w.drawPicture = DrawViewPicture;
   w.drawGridLine = DrawGridLine;
   w.invertBox = InvertViewBox;
   w.handCursor = ShowHandCursor;

@@ -126,6 +126,8 @@ std::string ErrorText(uint32_t code) { return std::strerror(static_cast<int>(cod
 
 int ThreadPriority() { return state.priority; }
 
+bool PriorityBoostPays() { return true; }
+
 void SetThreadPriority(int priority) {
   state.priority = priority;
   state.prioritiesSet.push_back(priority);

@@ -183,6 +183,13 @@ INT_PTR CALLBACK PageProc(HWND page, UINT message, WPARAM wParam, LPARAM lParam)
   return FALSE;
 }
 
+// The sheet stands where the system puts a new window; it goes to the
+// middle of the frame, as dialogs do.
+int CALLBACK SheetCallback(HWND sheet, UINT message, LPARAM) {
+  if (message == PSCB_INITIALIZED) platform::CentreOnOwner(sheet);
+  return 0;
+}
+
 }  // namespace
 
 void ShowPreferences(HWND owner) {
@@ -197,7 +204,8 @@ void ShowPreferences(HWND owner) {
   const std::wstring title = platform::Widen(StringText(kStringPreference));
   PROPSHEETHEADERW sheet{};
   sheet.dwSize = sizeof sheet;
-  sheet.dwFlags = PSH_PROPSHEETPAGE | PSH_NOAPPLYNOW;
+  sheet.dwFlags = PSH_PROPSHEETPAGE | PSH_NOAPPLYNOW | PSH_USECALLBACK;
+  sheet.pfnCallback = SheetCallback;
   sheet.hwndParent = owner;
   sheet.hInstance = instance;
   sheet.pszCaption = title.c_str();

@@ -1,5 +1,5 @@
-# The pages of Preference write the live settings, which are saved at exit:
-# the Undo page's count and its FreeHand box.
+# Preference opens centred on the frame; its pages write the live settings,
+# which are saved at exit: the Undo page's count and its FreeHand box.
 . "$(dirname "$0")/../lib.sh"
 
 undo_count_offset=364196
@@ -7,6 +7,12 @@ restrain_offset=364200
 start_tesel
 keys alt+v Down Return
 wait_for '^0 #32770#0 "Preference"'
+# The sheet stands in the middle of the frame.
+read -r sx sy sw sh <<<"$(screen_rect '^0 #32770#0 "Preference"')"
+read -r fx fy fw fh <<<"$(screen_rect '^0 da00#0 "Tesel')"
+dx=$((2 * sx + sw - 2 * fx - fw)) dy=$((2 * sy + sh - 2 * fy - fh))
+[ ${dx#-} -le 2 ] && [ ${dy#-} -le 2 ] ||
+  fail "the sheet at $sx,$sy ${sw}x$sh is not centred on the frame at $fx,$fy ${fw}x$fh"
 # From the first page's first field back to the tabs, two pages on.
 dialog_keys shift+Tab Right Right
 wait_for '^1 #32770#0 "Undo"'
