@@ -5,7 +5,7 @@ set -euo pipefail
 
 packages=(cmake g++ make pkg-config zlib1g-dev libgtest-dev libgmock-dev libbenchmark-dev
           libpixman-1-dev libmypaint-dev mingw-w64 libz-mingw-w64-dev wine64 wine
-          xvfb xdotool imagemagick fonts-wine "$@")
+          xvfb xdotool x11-apps imagemagick fonts-wine "$@")
 
 missing=()
 for p in "${packages[@]}"; do

@@ -77,7 +77,7 @@ frame_size() {
   xdotool getwindowgeometry "$FRAME" | sed -n 's/.*Geometry: \([0-9]*x[0-9]*\).*/\1/p'
 }
 
-screenshot() { import -window root "$OUT/$1.png"; }
+screenshot() { xwd -root -silent | convert xwd:- "$OUT/$1.png"; }
 
 # The document windows' titles and view sizes, as the probe lists them.
 document_titles() { probe | sed -n 's/^2 CanvClass#[0-9]* "\(.*\)" .*/\1/p'; }
@@ -138,8 +138,10 @@ view_rect() { screen_rect '^4 CanvWndDispClass#0 '; }
 # the output folder.
 SHOT=$(dirname "$DIST")/shot
 grab() {
-  import -window root "$SHOT.png"
-  convert "$SHOT.png" -depth 8 "rgb:$SHOT.rgb"
+  # xwd takes the screen in a few milliseconds, so a shot shows the moment
+  # it was asked for; the conversions come after.
+  xwd -root -silent >"$SHOT.xwd"
+  convert "$SHOT.xwd" -write "png:$SHOT.png" -depth 8 "rgb:$SHOT.rgb"
   SHOT_WIDTH=$(identify -format %w "$SHOT.png")
 }
 shot() {

@@ -20,9 +20,10 @@ dialog_keys Return
 wait_gone '^0 #32770#0 "Grid"'
 pointer_off_documents
 
-# The frame's client area at once, and again after a while.
+# The frame's client area at once, and again after a while. Where it stands
+# is asked first: the probe takes a while to start.
+read -r fx fy fw fh <<<"$(screen_rect '^3 CanvWndClass#9 ')"
 frame_shot() {
-  read -r fx fy fw fh <<<"$(screen_rect '^3 CanvWndClass#9 ')"
   grab
   convert "$SHOT.png" -crop "$((fw - 20))x$((fh - 20))+$fx+$fy" +repage "$OUT/$1.png"
 }

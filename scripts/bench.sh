@@ -1,0 +1,17 @@
+#!/usr/bin/env bash
+# Installs the peer libraries, builds the benchmarks and runs them all, then
+# prints one table: each of our measurements against each peer measured in
+# the same run on the same data, as a ratio of times (below 1: we are
+# faster). Extra arguments go to every benchmark (--benchmark_filter=...).
+set -euo pipefail
+cd "$(dirname "$0")/.."
+scripts/install-deps.sh python3
+cmake -S . -B build -DCMAKE_BUILD_TYPE=RelWithDebInfo >/dev/null
+cmake --build build -j "$(nproc)" --target store_bench compose_bench redraw_bench dab_bench
+out=$(mktemp -d)
+trap 'rm -rf "$out"' EXIT
+for bench in store_bench compose_bench redraw_bench dab_bench; do
+  echo "== $bench" >&2
+  build/bench/$bench --benchmark_format=json --benchmark_out="$out/$bench.json" "$@" >/dev/null
+done
+python3 scripts/bench_ratios.py "$out"/*.json
