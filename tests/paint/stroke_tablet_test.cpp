@@ -94,8 +94,8 @@ TEST_F(TabletTest, TabletStrokePaintsOnlyWhenPacketsCome) {
             std::make_tuple(36.0f, 30.0f, 200, 30u));
 
   // A tap with Auto Smooth on stays as painted: one sample is neither
-  // undone nor replayed.
-  UndoHistory.Reset();
+  // undone nor replayed. The history starts from the white picture.
+  UndoHistory.ClearUndo(canvas, 1, 1);
   StrokeEngine.autoSmooth = 1;
   packets = {{255, 0, 0}, {255, 0, 40}};
   Then({{12, 50, kLeft}});
