@@ -1,8 +1,9 @@
 #!/usr/bin/env bash
-# Installs the peer libraries, builds the benchmarks and runs them all, then
-# prints one table: each of our measurements against each peer measured in
-# the same run on the same data, as a ratio of times (below 1: we are
-# faster). Extra arguments go to every benchmark (--benchmark_filter=...).
+# Installs the peer libraries, builds the benchmarks optimised and runs them
+# all, then prints one table: each measure, Tesel's figure, the figure of
+# each peer measured in the same run on the same data, and the ratio of the
+# times (below 1: Tesel is faster). Extra arguments go to every benchmark
+# (--benchmark_filter=...).
 set -euo pipefail
 cd "$(dirname "$0")/.."
 scripts/install-deps.sh python3

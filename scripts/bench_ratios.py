@@ -1,4 +1,5 @@
-"""Prints benchmark results as ratios to the peers measured in the same run.
+"""Prints each benchmark beside each peer measured in the same run, and the
+ratio of their times (below 1: Tesel is faster).
 
 A peer is a benchmark whose name starts with Pixman, Memcpy or MyPaint, or
 ends with /memcpy. Ours is compared with the peers of its own file that
@@ -26,7 +27,7 @@ def micros(run):
 
 
 def main(paths):
-    print(f"{'benchmark':48} {'label':32} {'us':>12}  ratio to each peer (time ours / time peer)")
+    print(f"{'measure':40} {'case':18} {'Tesel us':>11}  {'peer':42} {'peer us':>11} {'ratio':>7}")
     for path in paths:
         with open(path) as f:
             runs = [b for b in json.load(f)["benchmarks"] if b.get("run_type") != "aggregate"]
@@ -34,9 +35,11 @@ def main(paths):
         for b in runs:
             if is_peer(b["name"]):
                 continue
-            ratios = [f"{micros(b) / micros(p):.2f}x {p.get('label') or p['name']}"
-                      for p in peers if same_case(b["name"], p["name"])]
-            print(f"{b['name']:48} {b.get('label', ''):32} {micros(b):12.2f}  {'; '.join(ratios)}")
+            for p in peers:
+                if same_case(b["name"], p["name"]):
+                    print(f"{b['name']:40} {b.get('label', ''):18} {micros(b):11.2f}  "
+                          f"{(p.get('label') or p['name'])[:42]:42} {micros(p):11.2f} "
+                          f"{micros(b) / micros(p):7.2f}")
 
 
 if __name__ == "__main__":

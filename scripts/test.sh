@@ -3,7 +3,7 @@
 set -euo pipefail
 cd "$(dirname "$0")/.."
 scripts/install-deps.sh
-scripts/check-windows-headers.sh
+scripts/check-levels.sh
 scripts/build.sh native san win
 echo "== native tests"
 ctest --test-dir build --output-on-failure -j "$(nproc)"

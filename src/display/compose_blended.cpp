@@ -3,7 +3,7 @@
 #include "display/compose_modes.h"
 #include "display/compose_rows.h"
 #include "display/layer_coverage.h"
-#include "display/mix_rows.h"
+#include "pixel/mix_rows.h"
 
 namespace {
 

@@ -2,7 +2,7 @@
 
 #include "display/compose.h"
 #include "display/compose_rows.h"
-#include "display/mul_table.h"
+#include "pixel/mul_table.h"
 
 namespace {
 

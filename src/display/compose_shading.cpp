@@ -5,7 +5,7 @@
 
 #include "display/compose_modes.h"
 #include "display/compose_rows.h"
-#include "display/mul_table.h"
+#include "pixel/mul_table.h"
 #include "settings/settings.h"
 
 namespace {

@@ -4,8 +4,8 @@
 #include "display/compose_modes.h"
 #include "display/compose_rows.h"
 #include "display/layer_coverage.h"
-#include "display/mix_rows.h"
-#include "display/mul_table.h"
+#include "pixel/mix_rows.h"
+#include "pixel/mul_table.h"
 
 namespace {
 

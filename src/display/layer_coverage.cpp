@@ -3,7 +3,7 @@
 #include <cstring>
 
 #include "display/compose.h"
-#include "display/mix_rows.h"
+#include "pixel/mix_rows.h"
 
 namespace {
 

@@ -4,8 +4,8 @@
 // products are unsigned 32-bit and truncate.
 #include <cstdlib>
 
-#include "display/mul_table.h"
 #include "paint/blend_kernels.h"
+#include "pixel/mul_table.h"
 
 namespace {
 

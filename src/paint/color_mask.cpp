@@ -3,11 +3,11 @@
 #include <cstdlib>
 #include <cstring>
 
-#include "display/mul_table.h"
 #include "document/canvas_slots.h"
 #include "paint/dab_count.h"
 #include "paint/pen_rows.h"
 #include "paint/protection.h"
+#include "pixel/mul_table.h"
 
 int32_t colorMaskChoice = 0;
 int32_t colorMaskVagueness = 0;

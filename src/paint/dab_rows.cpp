@@ -4,14 +4,12 @@
 #include <cstdlib>
 #include <cstring>
 
-#include "display/mix_rows_avx2.h"
-#include "display/mul_table.h"
 #include "paint/coverage_divide.h"
 #include "paint/dab_rows_avx2.h"
+#include "pixel/mul_table.h"
+#include "pixel/vector_paths.h"
 
 namespace {
-
-bool vectorKernels = avx2::Supported();
 
 void MixBytesScalar(const uint8_t* keep, const uint8_t* put, unsigned a, uint8_t* out, int n) {
   const uint8_t* byRest = MulTable[255 - a];
@@ -102,7 +100,7 @@ void BlendColorsVector(const ColorRows& rows) {
 
 template <TransparencyBlend How>
 void BlendColorsOf(const ColorRows& rows) {
-  if (vectorKernels)
+  if (VectorPaths())
     BlendColorsVector<How>(rows);
   else
     BlendColorsScalar<How>(rows);
@@ -112,7 +110,7 @@ void BlendColorsOf(const ColorRows& rows) {
 
 void ShiftRow(const uint8_t* padded, const uint8_t* lower, unsigned fx, unsigned fy, uint8_t* upper,
               uint8_t* out, int n) {
-  if (vectorKernels) {
+  if (VectorPaths()) {
     avx2::ShiftRowBlocks(padded, lower, fx, fy, upper, out, BlocksOf(n));
     return;
   }
@@ -123,7 +121,7 @@ void ShiftRow(const uint8_t* padded, const uint8_t* lower, unsigned fx, unsigned
 void Strengths8(const uint8_t* tip, const uint8_t* protect, unsigned thickness, unsigned density,
                 uint8_t* out, int n, bool slack) {
   const uint8_t* thick = MulTable[thickness];
-  if (!vectorKernels) {
+  if (!VectorPaths()) {
     for (int i = 0; i < n; ++i) out[i] = thick[tip[i]];
     if (density < 255) Dropout(out, n, density);
     for (int i = 0; i < n; ++i) out[i] = MulTable[out[i]][255 - protect[i]];
@@ -152,9 +150,4 @@ void BlendColors8(const ColorRows& rows, TransparencyBlend how) {
     case TransparencyBlend::Over:
       return BlendColorsOf<TransparencyBlend::Over>(rows);
   }
-}
-
-bool UseVectorPen(bool wanted) {
-  vectorKernels = wanted && avx2::Supported();
-  return vectorKernels;
 }

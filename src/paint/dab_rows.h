@@ -42,7 +42,3 @@ struct ColorRows {
 // Each channel becomes Mul255(d, 255 - e) + Mul255(s, e); with Over the
 // colour first mixes with what is there by the two coverages.
 void BlendColors8(const ColorRows& rows, TransparencyBlend how);
-
-// Turns the vector forms on or off (on only where the processor has them);
-// answers whether they are now in use.
-bool UseVectorPen(bool wanted);

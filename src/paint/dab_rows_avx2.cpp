@@ -13,7 +13,7 @@
 
 #include <algorithm>
 
-#include "display/avx2_bytes.h"
+#include "pixel/avx2_bytes.h"
 
 namespace avx2 {
 namespace {

@@ -1,5 +1,5 @@
 // The 256-bit forms of the dab's row kernels, for processors with AVX2
-// (avx2::Supported, display/mix_rows_avx2.h, tells). Each works on whole
+// (pixel/vector_paths.h tells when they run). Each works on whole
 // blocks of kRowBlock pixels.
 #pragma once
 

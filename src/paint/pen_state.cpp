@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
-#include "display/hsv.h"
 #include "paint/pen_record.h"
+#include "pixel/hsv.h"
 #include "settings/pen_tool_state.h"
 
 namespace {

@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <cstring>
 
-#include "display/mul_table.h"
 #include "paint/pen_rows.h"
+#include "pixel/mul_table.h"
 
 int32_t disableMask = 0;
 int32_t maskOutsideSelection = 0;

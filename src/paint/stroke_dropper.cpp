@@ -4,7 +4,6 @@
 #include <vector>
 
 #include "display/compose.h"
-#include "display/hsv.h"
 #include "display/redraw.h"
 #include "display/view_windows.h"
 #include "display/zoom.h"
@@ -13,6 +12,7 @@
 #include "paint/protection.h"
 #include "paint/stroke_loop.h"
 #include "paint/stroke_windows.h"
+#include "pixel/hsv.h"
 #include "platform/platform.h"
 #include "settings/settings.h"
 

@@ -2,11 +2,11 @@
 
 #include <algorithm>
 
-#include "display/mul_table.h"
 #include "paint/pen_modes.h"
 #include "paint/pen_record.h"
 #include "paint/stroke_engine.h"
 #include "paint/tip.h"
+#include "pixel/mul_table.h"
 
 TabletLink tabletLink;
 

@@ -38,10 +38,6 @@ struct RowAccess {
   int x0, x1;      // the columns inside the plane
 };
 
-#ifdef _WIN32
-struct HDC__;  // a device context handle, as <windows.h> declares it
-#endif
-
 struct Plane {
   uint32_t kind;
   int32_t width;
@@ -115,16 +111,14 @@ class PlaneStoreObject {
   void WidenRowCache(Plane* plane);
   void NarrowRowCache(Plane* plane);
 
+  // The stored bytes of row y into dest, which holds a stride: padded rows
+  // of a Virtual (rows flushed first) or Physical plane, unpadded of a
+  // Packed one. Serves every depth, 1 and 4 bits too.
+  void ReadStoredRow(Plane* plane, int y, uint8_t* dest);
+
   int CopyPlane(Plane* dest, Plane* src);
   int SavePlane(Plane* plane, FILE* file);
   int LoadPlane(Plane* plane, FILE* file);
-
-#ifdef _WIN32
-  // Painting through a device context (HDC); the Windows build only.
-  int DrawPlane(HDC__* hdc, Plane* plane, int x, int y);
-  int DrawPlaneStretched(HDC__* hdc, Plane* plane, int x, int y, int w, int h,
-                         uint32_t rop);
-#endif
 
   // The shared work buffer of kScratchBytes bytes, for bulk and file work.
   uint8_t* Scratch() { return scratch.get(); }
@@ -146,10 +140,6 @@ class PlaneStoreObject {
   // the scratch; 0 for a Packed plane.
   int RawRead(Plane* plane, int64_t offset, size_t count);
   int RawWrite(Plane* plane, int64_t offset, size_t count);
-  // The stored bytes of row y into dest, which holds a stride: padded rows
-  // of a Virtual (rows flushed first) or Physical plane, unpadded of a
-  // Packed one. Serves every depth, 1 and 4 bits too.
-  void ReadStoredRow(Plane* plane, int y, uint8_t* dest);
 };
 
 extern PlaneStoreObject PlaneStore;

@@ -13,7 +13,8 @@
 
 #include "compose_reference.h"
 #include "display/compose.h"
-#include "display/mix_rows.h"
+#include "pixel/mix_rows.h"
+#include "pixel/vector_paths.h"
 #include "platform/headless/headless.h"
 #include "settings/settings.h"
 
@@ -27,13 +28,13 @@ class ComposeTest : public ::testing::TestWithParam<bool> {
     settings.backgroundRed = 200;
     settings.backgroundGreen = 120;
     settings.backgroundBlue = 41;
-    UseVectorKernels(GetParam());
+    UseVectorPaths(GetParam());
     canvas = std::make_unique<Canvas>();
   }
   void TearDown() override {
     for (PlaneSlot& slot : canvas->planes) PlaneStore.FreePlane(&slot.plane);
     PlaneStore.FreePlane(&canvas->selectionPlane);
-    UseVectorKernels(true);
+    UseVectorPaths(true);
   }
 
  public:

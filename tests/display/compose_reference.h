@@ -7,15 +7,9 @@
 #include <vector>
 
 #include "document/canvas.h"
+#include "support/pixel_reference.h"
 
 namespace ref {
-
-unsigned Mul(unsigned a, unsigned b);
-unsigned Blend(unsigned d, unsigned s, unsigned a);
-void RgbToHsv(int r, int g, int b, int* h, int* s, int* v, bool scaled);
-void HsvToRgb(int h, int s, int v, int* r, int* g, int* b, bool scaled);
-// What mix mode 1..9 makes of source pixel s over d (blue, green, red).
-void ModePixel(int mode, const uint8_t* s, const uint8_t* d, uint8_t* out);
 
 // Blue, green, red rows, top row first, no padding.
 struct Picture {

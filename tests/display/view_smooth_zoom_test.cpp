@@ -8,7 +8,7 @@
 #include "display/smooth_zoom.h"
 #include "display/smooth_zoom_choice.h"
 #include "resources/strings.h"
-#include "shell/temp_folder.h"
+#include "support/temp_folder.h"
 #include "view_fixture.h"
 
 namespace {

@@ -10,7 +10,7 @@
 #include "display/smooth_zoom_frame.h"
 #include "display/view_layout.h"
 #include "display/view_paint.h"
-#include "shell/temp_folder.h"
+#include "support/temp_folder.h"
 #include "view_fixture.h"
 
 namespace {

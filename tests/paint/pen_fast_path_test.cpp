@@ -2,24 +2,24 @@
 // out: every pair of bytes each product takes, every quotient the Over
 // blend forms, and rows of every length up to past the vector blocks, with
 // and without slack.
-#include "display/mix_rows_avx2.h"
 #include "paint/coverage_divide.h"
 #include "paint/dab_rows.h"
 #include "paint/dab_rows_avx2.h"
 #include "pen_mode_support.h"
+#include "pixel/vector_paths.h"
 
 namespace {
 
 using namespace pentest;
 
 unsigned Mix(unsigned keep, unsigned put, unsigned a) {
-  return std::min(255u, RefMul(keep, 255 - a) + RefMul(put, a));
+  return std::min(255u, ref::Mul(keep, 255 - a) + ref::Mul(put, a));
 }
 
 class RowKernels : public ::testing::TestWithParam<bool> {
  protected:
-  void SetUp() override { UseVectorPen(GetParam()); }
-  void TearDown() override { UseVectorPen(true); }
+  void SetUp() override { UseVectorPaths(GetParam()); }
+  void TearDown() override { UseVectorPaths(true); }
   // n values from f(i), then slack of zeros.
   template <typename F>
   static std::vector<uint8_t> Row(int n, F f) {
@@ -70,7 +70,7 @@ TEST_P(RowKernels, StrengthsOfEveryPair) {
   for (unsigned k = 0; k < 256; ++k) {
     Strengths8(tip.data(), protect.data(), k, 255, out.data(), kPairs, k % 2 == 0);
     for (int i = 0; i < kPairs; ++i)
-      if (out[i] != RefMul(RefMul(i & 255, k), 255 - (i >> 8)))
+      if (out[i] != ref::Mul(ref::Mul(i & 255, k), 255 - (i >> 8)))
         FAIL() << "thickness " << k << " pair " << i << ": " << int(out[i]);
   }
   for (unsigned density : {130u, 255u})
@@ -85,9 +85,9 @@ TEST_P(RowKernels, StrengthsOfEveryPair) {
         Strengths8(t.data(), p.data(), 200, density, got.data(), n, slack);
         std::srand(unsigned(n));
         for (int i = 0; i < n; ++i) {
-          unsigned a = RefMul(t[i], 200);
+          unsigned a = ref::Mul(t[i], 200);
           if (a > 0 && density < 255 && unsigned(std::rand()) % 255 > density) a = 0;
-          ASSERT_EQ(got[i], RefMul(a, 255 - p[i])) << "length " << n << " pixel " << i;
+          ASSERT_EQ(got[i], ref::Mul(a, 255 - p[i])) << "length " << n << " pixel " << i;
         }
       }
 }
@@ -149,7 +149,7 @@ TEST(CoverageQuotients, EveryQuotientIsExact) {
   for (unsigned n = 1; n <= kMaxCoverageSum; ++n)
     for (unsigned x = 0; x <= 255 * n; ++x)
       if (DivideByCoverage(x, n) != x / n) FAIL() << x << " / " << n;
-  if (!avx2::Supported()) GTEST_SKIP() << "no AVX2";
+  if (!VectorPathsAvailable()) GTEST_SKIP() << "no AVX2";
   std::vector<int32_t> x, n, q;
   for (int32_t coverage = 0; coverage <= 510; ++coverage) {
     const int32_t divisor = std::max(coverage, 1);

@@ -36,12 +36,12 @@ std::vector<unsigned> Shifted(const std::vector<uint8_t>& tip, int w, int h, uns
     return c < 0 || c >= w || r < 0 || r >= h ? 0 : tip[r * w + c];
   };
   auto across = [&](int c, int r) {
-    return std::min(255u, RefMul(t(c - 1, r), fx) + RefMul(t(c, r), 255 - fx));
+    return std::min(255u, ref::Mul(t(c - 1, r), fx) + ref::Mul(t(c, r), 255 - fx));
   };
   std::vector<unsigned> out;
   for (int r = 0; r <= h; ++r)
     for (int c = 0; c <= w; ++c)
-      out.push_back(std::min(255u, RefMul(across(c, r), 255 - fy) + RefMul(across(c, r - 1), fy)));
+      out.push_back(std::min(255u, ref::Mul(across(c, r), 255 - fy) + ref::Mul(across(c, r - 1), fy)));
   return out;
 }
 

@@ -63,8 +63,8 @@ TEST_F(ProtectionTest, OpacityMultipliesByFlaggedPlanesSkippingEmptyAndOff) {
     std::vector<uint8_t> row(kWidth, kSentinel);
     ReadOpacityRow(canvas.get(), 6, 0, kWidth - 1, row.data(), 0);
     for (int x = 0; x < kWidth; ++x) {
-      const unsigned v = RefMul(transparencyOff ? 255 : t.at(x, 6), times.at(x, 6));
-      EXPECT_EQ(RefMul(RefMul(v, both.at(x, 6)), 255 - both.at(x, 6)), row[x]) << x;
+      const unsigned v = ref::Mul(transparencyOff ? 255 : t.at(x, 6), times.at(x, 6));
+      EXPECT_EQ(ref::Mul(ref::Mul(v, both.at(x, 6)), 255 - both.at(x, 6)), row[x]) << x;
     }
   }
 }
@@ -145,7 +145,7 @@ TEST_F(ProtectionTest, ColourMaskKeepsPaintToColoursNearTheKey) {
   };
   auto white = [&](int x) {
     for (int c = 0; c < 3; ++c)
-      if (255 - int(RefMul(im.at(x, 5, c), a.at(x, 5))) > 8) return false;
+      if (255 - int(ref::Mul(im.at(x, 5, c), a.at(x, 5))) > 8) return false;
     return true;
   };
   colorMaskChoice = 3;  // White
@@ -170,7 +170,7 @@ TEST_F(ProtectionTest, ColourMaskKeepsPaintToColoursNearTheKey) {
   im = Snap(image);
   expectKeyed(Fetch(2, 0, kWidth - 1, 4, 2, 9, 7), 2, [&](int x) {  // centre (6, 4)
     for (int c = 0; c < 3; ++c)
-      if (RefMul(im.at(x, 2, c), a.at(x, 2)) != RefMul(im.at(6, 4, c), a.at(6, 4))) return false;
+      if (ref::Mul(im.at(x, 2, c), a.at(x, 2)) != ref::Mul(im.at(6, 4, c), a.at(6, 4))) return false;
     return true;
   });
 }

@@ -22,13 +22,9 @@
 #include "paint/place_dab.h"
 #include "platform/headless/headless.h"
 #include "store/plane_store.h"
+#include "support/pixel_reference.h"
 
 namespace pentest {
-
-inline unsigned RefMul(unsigned a, unsigned b) {
-  unsigned v = (a * b + 128) / 255;
-  return v < 255 ? v : 255;
-}
 
 // A plane's pixels held in the test, one vector of bytes, printed by rows.
 struct Image {
@@ -128,12 +124,12 @@ class PenModeTest : public ::testing::Test {
 template <typename Rand>
 void RefBlend8(const uint8_t s[3], uint8_t d[3], unsigned t, unsigned p, uint8_t* A, unsigned S,
                int kind, unsigned thick, unsigned density, Rand r) {
-  unsigned a = RefMul(t, thick);
+  unsigned a = ref::Mul(t, thick);
   if (a > 0 && density < 255 && unsigned(r()) % 255 > density) a = 0;
-  unsigned e = RefMul(a, 255 - p);
+  unsigned e = ref::Mul(a, 255 - p);
   if (!A || kind == 1) {
-    for (int c = 0; c < 3; ++c) d[c] = uint8_t(RefMul(d[c], 255 - e) + RefMul(s[c], e));
-    if (A) *A = uint8_t(RefMul(S, e) + RefMul(*A, 255 - e));
+    for (int c = 0; c < 3; ++c) d[c] = uint8_t(ref::Mul(d[c], 255 - e) + ref::Mul(s[c], e));
+    if (A) *A = uint8_t(ref::Mul(S, e) + ref::Mul(*A, 255 - e));
   } else {
     unsigned n = *A + e;
     for (int c = 0; c < 3; ++c) {
@@ -141,10 +137,10 @@ void RefBlend8(const uint8_t s[3], uint8_t d[3], unsigned t, unsigned p, uint8_t
         d[c] = s[c];
       } else {
         unsigned m = (*A * d[c] + e * s[c]) / n;
-        d[c] = uint8_t(RefMul(m, 255 - e) + RefMul(s[c], e));
+        d[c] = uint8_t(ref::Mul(m, 255 - e) + ref::Mul(s[c], e));
       }
     }
-    *A = uint8_t(RefMul(*A, 255 - e) + RefMul(255, e));
+    *A = uint8_t(ref::Mul(*A, 255 - e) + ref::Mul(255, e));
   }
 }
 
@@ -174,7 +170,7 @@ inline void RefBlend16(const uint8_t s[3], uint8_t hi[3], uint8_t lo[3], unsigne
     *A = uint8_t((inv * a16 / 65535 + e) >> 8);
   } else if (A) {
     unsigned e8 = (e >> 8) & 255;
-    *A = uint8_t(RefMul(S, e8) + RefMul(*A, 255 - e8));
+    *A = uint8_t(ref::Mul(S, e8) + ref::Mul(*A, 255 - e8));
   }
 }
 

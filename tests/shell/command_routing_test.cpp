@@ -9,7 +9,7 @@
 #include "shell/command_table.h"
 #include "shell/history_menu.h"
 #include "shell_fixture.h"
-#include "temp_folder.h"
+#include "support/temp_folder.h"
 
 namespace {
 

@@ -5,7 +5,7 @@
 
 #include "platform/headless/headless.h"
 #include "shell/help_file.h"
-#include "temp_folder.h"
+#include "support/temp_folder.h"
 
 namespace {
 

@@ -10,7 +10,7 @@
 #include "settings/default_settings.h"
 #include "settings/settings.h"
 #include "shell/file_history.h"
-#include "shell/temp_folder.h"
+#include "support/temp_folder.h"
 #include "shell/tool_bar_table.h"
 
 namespace {

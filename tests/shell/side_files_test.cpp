@@ -7,7 +7,7 @@
 #include "settings/number_lists.h"
 #include "settings/side_path.h"
 #include "shell/file_history.h"
-#include "shell/temp_folder.h"
+#include "support/temp_folder.h"
 
 namespace {
 

@@ -11,7 +11,7 @@
 #include "display/smooth_zoom_frame.h"
 #include "display/view_windows.h"
 #include "shell_fixture.h"
-#include "temp_folder.h"
+#include "support/temp_folder.h"
 
 namespace {
 

@@ -10,7 +10,7 @@
 #include "display/win/smooth_zoom_win.h"
 #include "display/win/view_drawing.h"
 #include "display/win/zoom_readout.h"
-#include "document/win/document_window.h"
+#include "display/win/document_window.h"
 #include "platform/win32/win32_platform.h"
 
 namespace {

@@ -3,7 +3,7 @@
 #include "shell/win/shell_windows_win.h"
 
 #include "document/canvas_manager.h"
-#include "document/win/document_window.h"
+#include "display/win/document_window.h"
 #include "platform/win32/win32_platform.h"
 #include "shell/command_routing.h"
 #include "shell/documents.h"

@@ -1,10 +1,10 @@
-// Painting a plane on a device context through a temporary Dib.
 #include <windows.h>
 
 #include <cstring>
 
+#include "store/win/draw_plane.h"
+
 #include "store/dib.h"
-#include "store/plane_store.h"
 
 namespace {
 
@@ -23,14 +23,14 @@ uint8_t* DibPixels(uint8_t* dib, const Plane* plane) {
 
 }  // namespace
 
-int PlaneStoreObject::DrawPlane(HDC hdc, Plane* plane, int x, int y) {
+int DrawPlane(HDC hdc, Plane* plane, int x, int y) {
   uint8_t* dib = PlaneDib(plane, plane->height);
   if (!dib) return 0;
   uint8_t* pixels = DibPixels(dib, plane);
-  FlushRows(plane);
+  PlaneStore.FlushRows(plane);
   for (int row = 0; row < plane->height; ++row) {  // bottom-up
     size_t at = static_cast<size_t>(plane->height - 1 - row) * plane->stride;
-    ReadStoredRow(plane, row, pixels + at);
+    PlaneStore.ReadStoredRow(plane, row, pixels + at);
   }
   int lines = SetDIBitsToDevice(hdc, x, y, plane->width, plane->height, 0, 0, 0, plane->height,
                                 pixels, reinterpret_cast<const BITMAPINFO*>(dib), DIB_RGB_COLORS);
@@ -38,18 +38,17 @@ int PlaneStoreObject::DrawPlane(HDC hdc, Plane* plane, int x, int y) {
   return lines != 0;
 }
 
-int PlaneStoreObject::DrawPlaneStretched(HDC hdc, Plane* plane, int x, int y, int w, int h,
-                                         uint32_t rop) {
+int DrawPlaneStretched(HDC hdc, Plane* plane, int x, int y, int w, int h, uint32_t rop) {
   if (h < 2) return 0;  // the row step divides by h - 1
   uint8_t* dib = PlaneDib(plane, 2);
   if (!dib) return 0;
   uint8_t* pixels = DibPixels(dib, plane);
   const auto* info = reinterpret_cast<const BITMAPINFO*>(dib);
   SetStretchBltMode(hdc, COLORONCOLOR);
-  FlushRows(plane);
+  PlaneStore.FlushRows(plane);
   for (int i = 0; i < h; ++i) {
     int source = static_cast<int>(static_cast<int64_t>(plane->height - 1) * i / (h - 1));
-    ReadStoredRow(plane, source, pixels);
+    PlaneStore.ReadStoredRow(plane, source, pixels);
     std::memcpy(pixels + plane->stride, pixels, plane->stride);
     StretchDIBits(hdc, x, y + i, w, 1, 0, 0, plane->width, 2, pixels, info, DIB_RGB_COLORS, rop);
   }

@@ -1,9 +1,9 @@
 // Thirty-two pixels at a time in 16-bit lanes (see display/avx2_bytes.h
 // for why the products are exact).
-#include "display/mix_rows_avx2.h"
+#include "pixel/mix_rows_avx2.h"
 
-#include "display/avx2_bytes.h"
-#include "display/mix_modes.h"
+#include "pixel/avx2_bytes.h"
+#include "pixel/mix_modes.h"
 
 namespace avx2 {
 namespace {
@@ -100,11 +100,6 @@ AVX2_CODE void MultiplyCoverageOf(uint8_t* cov, const uint8_t* p, int n, bool co
 }
 
 }  // namespace
-
-bool Supported() {
-  __builtin_cpu_init();
-  return __builtin_cpu_supports("avx2");
-}
 
 MixKernel MixKernelOf(int mixMode) {
   switch (mixMode) {

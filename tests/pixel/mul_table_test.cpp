@@ -1,20 +1,21 @@
 // The table and every row kernel against the arithmetic, over all inputs:
 // the vector forms replace the table's lookups and must agree everywhere.
-#include "display/mul_table.h"
+#include "pixel/mul_table.h"
 
 #include <gtest/gtest.h>
 
 #include <vector>
 
-#include "compose_reference.h"
-#include "display/mix_rows.h"
+#include "pixel/mix_rows.h"
+#include "pixel/vector_paths.h"
+#include "support/pixel_reference.h"
 
 namespace {
 
 class RowKernels : public ::testing::TestWithParam<bool> {
  protected:
-  void SetUp() override { UseVectorKernels(GetParam()); }
-  void TearDown() override { UseVectorKernels(true); }
+  void SetUp() override { UseVectorPaths(GetParam()); }
+  void TearDown() override { UseVectorPaths(true); }
 };
 
 constexpr int kPairs = 65536;

@@ -1,10 +1,10 @@
 // The integer colour conversions, by hand at their corners and against the
 // reference over every colour.
-#include "display/hsv.h"
+#include "pixel/hsv.h"
 
 #include <gtest/gtest.h>
 
-#include "compose_reference.h"
+#include "support/pixel_reference.h"
 
 namespace {
 

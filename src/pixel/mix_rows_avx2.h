@@ -8,7 +8,6 @@ namespace avx2 {
 using MixKernel = void (*)(uint8_t* acc, const uint8_t* src, const uint8_t* cov, unsigned keep,
                            int n);
 
-bool Supported();
 // The kernel of a channel-wise mix mode; null for the others.
 MixKernel MixKernelOf(int mixMode);
 void MultiplyColours(uint8_t* bgr, const uint8_t* p, int n);

@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <cstdint>
 
-#include "display/hsv.h"
+#include "pixel/hsv.h"
 
 // Scaled or not, as the conversions say.
 struct Hsv {

@@ -3,7 +3,7 @@
 // display places, the inner one for the pointer mark, which message 1035
 // moves to a view position.
 #include "display/rulers.h"
-#include "document/win/document_parts.h"
+#include "display/win/document_parts.h"
 #include "platform/platform.h"
 
 namespace {

@@ -1,7 +1,8 @@
-#include "display/mix_rows.h"
+#include "pixel/mix_rows.h"
 
-#include "display/mix_modes.h"
-#include "display/mix_rows_avx2.h"
+#include "pixel/mix_modes.h"
+#include "pixel/mix_rows_avx2.h"
+#include "pixel/vector_paths.h"
 
 namespace {
 
@@ -20,29 +21,22 @@ constexpr MixKernel kScalarKernels[10] = {
     mix::MixPixels<mix::Overlay>,
 };
 
-bool vectorKernels = avx2::Supported();
-
 }  // namespace
 
 void MixRow(int mixMode, uint8_t* acc, const uint8_t* src, const uint8_t* cov, unsigned keep,
             int n) {
   if (mixMode < 1 || mixMode > 9 || keep > 255) return;
-  MixKernel kernel = vectorKernels ? avx2::MixKernelOf(mixMode) : nullptr;
+  MixKernel kernel = VectorPaths() ? avx2::MixKernelOf(mixMode) : nullptr;
   if (!kernel) kernel = kScalarKernels[mixMode];
   kernel(acc, src, cov, keep, n);
 }
 
 void MultiplyColours(uint8_t* bgr, const uint8_t* p, int n) {
-  if (vectorKernels) return avx2::MultiplyColours(bgr, p, n);
+  if (VectorPaths()) return avx2::MultiplyColours(bgr, p, n);
   mix::MultiplyColourPixels(bgr, p, n);
 }
 
 void MultiplyCoverage(uint8_t* cov, const uint8_t* p, int n, bool complement) {
-  if (vectorKernels) return avx2::MultiplyCoverage(cov, p, n, complement);
+  if (VectorPaths()) return avx2::MultiplyCoverage(cov, p, n, complement);
   mix::MultiplyCoveragePixels(cov, p, n, complement);
-}
-
-bool UseVectorKernels(bool wanted) {
-  vectorKernels = wanted && avx2::Supported();
-  return vectorKernels;
 }

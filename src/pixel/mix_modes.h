@@ -7,8 +7,8 @@
 #include <cstdint>
 #include <cstdlib>
 
-#include "display/hsv_pixel.h"
-#include "display/mul_table.h"
+#include "pixel/hsv_pixel.h"
+#include "pixel/mul_table.h"
 
 namespace mix {
 

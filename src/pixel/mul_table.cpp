@@ -1,4 +1,4 @@
-#include "display/mul_table.h"
+#include "pixel/mul_table.h"
 
 namespace {
 

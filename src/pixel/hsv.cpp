@@ -1,8 +1,8 @@
-#include "display/hsv.h"
+#include "pixel/hsv.h"
 
 #include <algorithm>
 
-#include "display/hsv_pixel.h"
+#include "pixel/hsv_pixel.h"
 
 void RgbToHsv(int r, int g, int b, int* h, int* s, int* v, int scaled) {
   Hsv hsv = hsv_detail::ToHsv(std::clamp(r, 0, 255), std::clamp(g, 0, 255), std::clamp(b, 0, 255),

@@ -10,7 +10,7 @@
 #include "display/view_layout.h"
 #include "display/view_paint.h"
 #include "display/view_scroll.h"
-#include "document/win/document_parts.h"
+#include "display/win/document_parts.h"
 
 namespace {
 

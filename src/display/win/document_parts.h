@@ -3,7 +3,7 @@
 
 #include <windows.h>
 
-#include "document/win/document_window.h"
+#include "display/win/document_window.h"
 
 constexpr wchar_t kViewFrameClass[] = L"CanvWndClass";
 constexpr wchar_t kViewClass[] = L"CanvWndDispClass";

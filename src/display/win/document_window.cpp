@@ -1,11 +1,11 @@
 // The MDI child of one picture: it owns the Canvas (its first extra word)
 // from WM_CREATE to WM_DESTROY and passes commands and keys to it.
-#include "document/win/document_window.h"
+#include "display/win/document_window.h"
 
 #include "display/view_layout.h"
 #include "display/zoom.h"
 #include "document/canvas_manager.h"
-#include "document/win/document_parts.h"
+#include "display/win/document_parts.h"
 #include "platform/win32/win32_platform.h"
 
 DocumentWindowHandlers documentHandlers;

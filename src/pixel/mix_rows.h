@@ -1,6 +1,6 @@
 // Row kernels of composition over n pixels: 24-bit rows run blue, green,
-// red. Each picks, once per row, a vector form where the processor has one;
-// the vector forms give the same bytes as the table arithmetic.
+// red. Each picks, once per row, its vector form while those are in use
+// (pixel/vector_paths.h); they give the same bytes as the table arithmetic.
 #pragma once
 
 #include <cstdint>
@@ -13,7 +13,3 @@ void MixRow(int mixMode, uint8_t* acc, const uint8_t* src, const uint8_t* cov, u
 void MultiplyColours(uint8_t* bgr, const uint8_t* p, int n);
 // cov = MUL(cov, p), or MUL(cov, 255 - p) with complement set.
 void MultiplyCoverage(uint8_t* cov, const uint8_t* p, int n, bool complement);
-
-// Turns the vector forms on or off (on only where the processor has them);
-// answers whether they are now in use.
-bool UseVectorKernels(bool wanted);
