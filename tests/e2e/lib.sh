@@ -16,23 +16,49 @@ fail() {
 #   <depth> <class>#<id> "<text>" <w>x<h> @<x>,<y>
 probe() { wine "$PROBE" 2>/dev/null | tr -d '\r'; }
 
-# Waits until the window list matches (or, with wait_gone, no longer
-# matches) an extended regular expression; fails after the timeout.
-wait_for() {
-  local pattern=$1 seconds=${2:-20}
-  local end=$((SECONDS + seconds))
-  while ! probe | grep -Eq -- "$pattern"; do
-    [ $SECONDS -lt $end ] || fail "no window matching '$pattern' within ${seconds}s"
+# Patterns of the probe's lines for the windows the tests look at.
+MAIN_WINDOW='^0 da00#0 "Tesel'
+SPLASH='^0 #32770#0 "" 512x256 '
+MDI_CLIENT='^1 MDIClient#1 '
+STATUS_BAR='^1 StatusBarClass#2 '
+TOOL_BAR='^1 ToolBarClass#3 '
+DOCUMENT='^2 CanvClass#'
+ZOOM_FIELD='^2 ZoomFieldClass#1 '
+VIEW_FRAME='^3 CanvWndClass#9 '
+H_RULER='^3 hGageClass#19 '
+V_RULER='^3 vGageClass#20 '
+VIEW='^4 CanvWndDispClass#0 '
+dialog() { echo "^0 #32770#0 \"$1\""; }
+
+# Runs a command every 0.2 s until it succeeds, for at most the given
+# seconds. poll_until then only answers, for a check that looks at the last
+# state itself; wait_until fails.
+poll_until() {
+  local end=$((SECONDS + $1))
+  shift
+  until "$@"; do
+    [ $SECONDS -lt $end ] || return 1
     sleep 0.2
   done
 }
-wait_gone() {
-  local pattern=$1 seconds=${2:-20}
-  local end=$((SECONDS + seconds))
-  while probe | grep -Eq -- "$pattern"; do
-    [ $SECONDS -lt $end ] || fail "window matching '$pattern' still there after ${seconds}s"
-    sleep 0.2
-  done
+wait_until() { poll_until "$@" || fail "gave up after $1 s waiting for: ${*:2}"; }
+
+has_window() { probe | grep -Eq -- "$1"; }
+no_window() { ! has_window "$1"; }
+wait_for() { wait_until "${2:-20}" has_window "$1"; }
+wait_gone() { wait_until "${2:-20}" no_window "$1"; }
+# The view at a size "<width>x<height>", and the zoom read-out at a text.
+wait_view() { wait_for "$VIEW\"\" $1 " "${2:-20}"; }
+wait_readout() { wait_for "$ZOOM_FIELD\"$1\" " 5; }
+
+# Waits for a dialog or a message box, answers it with keys and waits for
+# it to go.
+answer() {
+  local pattern=$1
+  shift
+  wait_for "$pattern"
+  dialog_keys "$@"
+  wait_gone "$pattern"
 }
 
 # Starts tesel.exe in the program folder and waits for its frame; FRAME is
@@ -40,19 +66,14 @@ wait_gone() {
 start_tesel() {
   (cd "$DIST" && exec wine tesel.exe "$@" >>"$OUT/wine.log" 2>&1) &
   TESEL=$!
-  wait_for '^0 da00#0 "Tesel'
+  wait_for "$MAIN_WINDOW"
   FRAME=$(xdotool search --name '^Tesel' | head -1)
   [ -n "$FRAME" ] || fail "the frame has no X window"
 }
 
 # Waits until the program started last has ended.
-wait_exit() {
-  local end=$((SECONDS + 20))
-  while kill -0 "$TESEL" 2>/dev/null; do
-    [ $SECONDS -lt $end ] || fail "the program did not end"
-    sleep 0.2
-  done
-}
+tesel_ended() { ! kill -0 "$TESEL" 2>/dev/null; }
+wait_exit() { wait_until 20 tesel_ended; }
 
 # Keys go to the window that has the focus; the frame takes it first.
 keys() {
@@ -61,8 +82,24 @@ keys() {
 }
 type_text() { xdotool type --delay 60 "$1"; }
 
+# The item of the View menu so many places below its first.
+view_menu() {
+  local moves=() i
+  for ((i = 0; i < $1; i++)); do moves+=(Down); done
+  keys alt+v "${moves[@]}" Return
+}
+
+# The pointer to a screen point. Wine learns where it is from the moves
+# over its own windows, in its own time, and nothing the tests can see
+# shows when it has: hence the pause.
+point_at() {
+  xdotool mousemove "$1" "$2"
+  sleep 0.3
+}
+
 # A click on the frame's caption, as a user brings a window forward after
-# another program had the focus.
+# another program had the focus; nothing the probe lists shows when Wine
+# has made it active.
 activate_frame() {
   eval "$(xdotool getwindowgeometry --shell "$FRAME")"
   xdotool mousemove $((X + 200)) $((Y + 10)) click 1
@@ -77,54 +114,44 @@ frame_size() {
   xdotool getwindowgeometry "$FRAME" | sed -n 's/.*Geometry: \([0-9]*x[0-9]*\).*/\1/p'
 }
 
-screenshot() { xwd -root -silent | convert xwd:- "$OUT/$1.png"; }
-
-# The document windows' titles and view sizes, as the probe lists them.
-document_titles() { probe | sed -n 's/^2 CanvClass#[0-9]* "\(.*\)" .*/\1/p'; }
-view_size() { probe | sed -n 's/^4 CanvWndDispClass#0 "" \([0-9]*x[0-9]*\) .*/\1/p' | head -1; }
+# The document windows' titles and how many there are; the view's size.
+document_titles() { probe | sed -n "s/${DOCUMENT}[0-9]* \"\(.*\)\" .*/\1/p"; }
+document_count() { document_titles | wc -l; }
+documents_are() { [ "$(document_count)" -eq "$1" ]; }
+wait_documents() { wait_until 20 documents_are "$1"; }
+view_size() { probe | sed -n "s/$VIEW\"\" \([0-9]*x[0-9]*\) .*/\1/p" | head -1; }
 # The text of a control of the dialog on top.
 field() { probe | sed -n "s/^1 [A-Za-z]*#$1 \"\(.*\)\" .*/\1/p" | head -1; }
 
 # New picture of the given size through Ctrl+N and the dialog.
 new_document() {
   keys ctrl+n
-  wait_for '^0 #32770#0 "New"'
+  wait_for "$(dialog New)"
   type_text "$1"
   dialog_keys Tab
   type_text "$2"
-  dialog_keys Return
-  wait_gone '^0 #32770#0 "New"'
+  answer "$(dialog New)" Return
+}
+# The same in a fresh start, and the view at that size; vx, vy are then
+# where the view stands on the screen.
+open_picture() {
+  start_tesel
+  new_document "$1" "$2"
+  wait_view "${1}x$2"
+  read -r vx vy _ _ <<<"$(view_rect)"
+}
+# A 640 x 480 picture at 200 %, larger than its window; fx, fy, fw, fh are
+# then where the view frame stands on the screen.
+open_large_picture() {
+  open_picture 640 480
+  pointer_off_documents
+  keys ctrl+t ctrl+t
+  wait_view 1280x960
+  read -r fx fy fw fh <<<"$(screen_rect "$VIEW_FRAME")"
 }
 
 # A little-endian 32-bit word of a file at a byte offset.
 word_at() { od -An -tu4 -j "$2" -N4 "$1" | tr -d ' '; }
-
-# Answers each box showing a text with Return until none comes for two
-# seconds; prints how many there were.
-dismiss_boxes() {
-  local count=0 quiet=0
-  while [ $quiet -lt 10 ]; do
-    if probe | grep -Eq -- "$1"; then
-      dialog_keys Return
-      count=$((count + 1))
-      quiet=0
-      sleep 0.5
-    else
-      quiet=$((quiet + 1))
-      sleep 0.2
-    fi
-  done
-  echo $count
-}
-
-# Waits until exactly n document windows stand.
-wait_documents() {
-  local end=$((SECONDS + 20))
-  until [ "$(document_titles | wc -l)" -eq "$1" ]; do
-    [ $SECONDS -lt $end ] || fail "expected $1 documents, have $(document_titles | wc -l)"
-    sleep 0.2
-  done
-}
 
 # Where the first window matching a pattern stands on the screen:
 # "<x> <y> <width> <height>".
@@ -132,7 +159,18 @@ screen_rect() {
   wine "$PROBE" screen 2>/dev/null | tr -d '\r' | grep -E -m1 -- "$1" |
     sed -n 's/.* \([0-9]*\)x\([0-9]*\) @\(-\{0,1\}[0-9]*\),\(-\{0,1\}[0-9]*\)$/\3 \4 \1 \2/p'
 }
-view_rect() { screen_rect '^4 CanvWndDispClass#0 '; }
+view_rect() { screen_rect "$VIEW"; }
+view_at() {
+  local x y
+  read -r x y _ _ <<<"$(view_rect)"
+  [ "$x,$y" = "$1,$2" ]
+}
+# Waits until the view stands at screen x, y after a move named by the third
+# argument.
+wait_view_at() {
+  poll_until 5 view_at "$1" "$2" ||
+    fail "the view stands at $(view_rect | cut -d' ' -f1-2 | tr ' ' ,), not $1,$2 ($3)"
+}
 
 # A screenshot whose pixels `pixel` reads; keep_shot keeps the last one in
 # the output folder.
@@ -144,22 +182,20 @@ grab() {
   convert "$SHOT.xwd" -write "png:$SHOT.png" -depth 8 "rgb:$SHOT.rgb"
   SHOT_WIDTH=$(identify -format %w "$SHOT.png")
 }
+# For checks that something is not there, or not anywhere else: no state
+# to wait for, only the time for what the last input changed to paint.
 shot() {
-  sleep 0.5  # what the last input changed has painted
+  sleep 0.5
   grab
 }
 # Screenshots until the last one passes a check (a command with its
 # arguments), for at most the given seconds: on a busy machine what the
 # last input changed may paint late. The test then checks that screenshot
 # as usual, so a state that never comes still fails there, with its message.
-shot_until() {
-  local end=$((SECONDS + $1))
-  shift
+shot_until() { poll_until "$1" grab_and "${@:2}" || true; }
+grab_and() {
   grab
-  until "$@" || [ $SECONDS -ge $end ]; do
-    sleep 0.1
-    grab
-  done
+  "$@"
 }
 pixel_is() { [ "$(pixel "$1" "$2")" = "$3" ]; }
 pixel_is_not() { [ "$(pixel "$1" "$2")" != "$3" ]; }
@@ -187,13 +223,11 @@ zoomed() {
   echo $((v * num / den))
 }
 
-# The pointer to the tool bar, off every document: Wine learns where the
-# pointer is from the moves over its own windows, and a zoom keeps the
-# point under the pointer when it stands on the document.
+# The pointer to the tool bar, off every document: a zoom keeps the point
+# under the pointer when it stands on the document.
 pointer_off_documents() {
-  read -r px py _ _ <<<"$(screen_rect '^1 ToolBarClass#3 ')"
-  xdotool mousemove $((px + 300)) $((py + 10))
-  sleep 0.3
+  read -r px py _ _ <<<"$(screen_rect "$TOOL_BAR")"
+  point_at $((px + 300)) $((py + 10))
 }
 
 # A stroke of the left button through screen points "x,y x,y ...", each
@@ -225,6 +259,13 @@ drag() {
   done
   sleep 0.3
   xdotool mouseup 1
+}
+# The same with Shift held from before the press: a single dab of the pen
+# where the path begins.
+shift_drag() {
+  xdotool mousemove "${1%,*}" "${1#*,}" keydown shift
+  drag "$@"
+  xdotool keyup shift
 }
 
 # Where the last screenshot differs from white inside a screen rectangle

@@ -13,5 +13,5 @@ constexpr wchar_t kVerticalRulerClass[] = L"vGageClass";
 // What the shell gave RegisterDocumentClasses.
 extern DocumentWindowHandlers documentHandlers;
 
-bool RegisterViewClasses(HINSTANCE instance);
-bool RegisterRulerClasses(HINSTANCE instance);
+bool RegisterViewClasses();
+bool RegisterRulerClasses();

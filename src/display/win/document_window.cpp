@@ -7,6 +7,7 @@
 #include "document/canvas_manager.h"
 #include "display/win/document_parts.h"
 #include "platform/win32/win32_platform.h"
+#include "platform/win32/win32_windows.h"
 
 DocumentWindowHandlers documentHandlers;
 
@@ -21,8 +22,7 @@ void SetCanvasWord(HWND window, Canvas* canvas) {
 HWND CreatePart(const wchar_t* className, DWORD style, HWND parent, int id) {
   return CreateWindowExW(0, className, nullptr, WS_CHILD | style, 0, 0, 0, 0, parent,
                          reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)),
-                         reinterpret_cast<HINSTANCE>(GetWindowLongPtrW(parent, GWLP_HINSTANCE)),
-                         nullptr);
+                         win32::ProgramInstance(), nullptr);
 }
 
 // The record first, then the view frame and the rulers; the window fits
@@ -138,16 +138,10 @@ Canvas* CanvasOfDocument(HWND documentWnd) {
   return canvas && !canvas->closing ? canvas : nullptr;
 }
 
-bool RegisterDocumentClasses(HINSTANCE instance, const DocumentWindowHandlers& handlers) {
+bool RegisterDocumentClasses(const DocumentWindowHandlers& handlers) {
   documentHandlers = handlers;
-  WNDCLASSEXW wc{};
-  wc.cbSize = sizeof wc;
-  wc.style = CS_HREDRAW | CS_VREDRAW;
-  wc.lpfnWndProc = DocumentProc;
-  wc.cbWndExtra = sizeof(Canvas*);
-  wc.hInstance = instance;
-  wc.hCursor = LoadCursor(nullptr, IDC_ARROW);
-  wc.hbrBackground = reinterpret_cast<HBRUSH>(COLOR_BTNFACE + 1);
-  wc.lpszClassName = kDocumentClass;
-  return RegisterClassExW(&wc) && RegisterViewClasses(instance) && RegisterRulerClasses(instance);
+  return win32::RegisterWindowClass({kDocumentClass, DocumentProc,
+                                     reinterpret_cast<HBRUSH>(COLOR_BTNFACE + 1),
+                                     CS_HREDRAW | CS_VREDRAW, sizeof(Canvas*)}) &&
+         RegisterViewClasses() && RegisterRulerClasses();
 }

@@ -35,7 +35,7 @@ constexpr int kHorizontalRulerId = 19;
 constexpr int kVerticalRulerId = 20;
 
 // Registers the five classes; false if one can't be registered.
-bool RegisterDocumentClasses(HINSTANCE instance, const DocumentWindowHandlers& handlers);
+bool RegisterDocumentClasses(const DocumentWindowHandlers& handlers);
 
 // The record of a document window, or null (not a document, or closing).
 Canvas* CanvasOfDocument(HWND documentWnd);

@@ -5,6 +5,8 @@
 #include <cstring>
 #include <iterator>
 
+#include "platform/win32/win32_windows.h"
+
 namespace {
 
 // An open hand: '#' black, 'o' white, anything else shows through.
@@ -45,7 +47,7 @@ HCURSOR DrawHand() {
       andMask[y * kRowBytes + x / 8] &= static_cast<BYTE>(~bit);
       if (c == 'o') xorMask[y * kRowBytes + x / 8] |= bit;
     }
-  return CreateCursor(GetModuleHandleW(nullptr), kHotX, kHotY, kSize, kSize, andMask, xorMask);
+  return CreateCursor(win32::ProgramInstance(), kHotX, kHotY, kSize, kSize, andMask, xorMask);
 }
 
 }  // namespace

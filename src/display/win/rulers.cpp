@@ -5,6 +5,7 @@
 #include "display/rulers.h"
 #include "display/win/document_parts.h"
 #include "platform/platform.h"
+#include "platform/win32/win32_windows.h"
 
 namespace {
 
@@ -88,18 +89,9 @@ LRESULT CALLBACK RulerProc(HWND ruler, UINT message, WPARAM wParam, LPARAM lPara
   return DefWindowProcW(ruler, message, wParam, lParam);
 }
 
-bool Register(HINSTANCE instance, const wchar_t* name) {
-  WNDCLASSEXW wc{};
-  wc.cbSize = sizeof wc;
-  wc.lpfnWndProc = RulerProc;
-  wc.hInstance = instance;
-  wc.hCursor = LoadCursor(nullptr, IDC_ARROW);
-  wc.lpszClassName = name;
-  return RegisterClassExW(&wc) != 0;
-}
-
 }  // namespace
 
-bool RegisterRulerClasses(HINSTANCE instance) {
-  return Register(instance, kHorizontalRulerClass) && Register(instance, kVerticalRulerClass);
+bool RegisterRulerClasses() {
+  return win32::RegisterWindowClass({kHorizontalRulerClass, RulerProc}) &&
+         win32::RegisterWindowClass({kVerticalRulerClass, RulerProc});
 }

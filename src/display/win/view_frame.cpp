@@ -11,6 +11,7 @@
 #include "display/view_paint.h"
 #include "display/view_scroll.h"
 #include "display/win/document_parts.h"
+#include "platform/win32/win32_windows.h"
 
 namespace {
 
@@ -53,9 +54,7 @@ LRESULT CALLBACK ViewFrameProc(HWND frame, UINT message, WPARAM wParam, LPARAM l
   switch (message) {
     case WM_CREATE:
       return CreateWindowExW(0, kViewClass, nullptr, WS_CHILD | WS_VISIBLE, 0, 0, 0, 0, frame,
-                             nullptr,
-                             reinterpret_cast<HINSTANCE>(GetWindowLongPtrW(frame, GWLP_HINSTANCE)),
-                             nullptr)
+                             nullptr, win32::ProgramInstance(), nullptr)
                  ? 0
                  : -1;
     case WM_SIZE:
@@ -120,24 +119,13 @@ LRESULT CALLBACK ViewProc(HWND view, UINT message, WPARAM wParam, LPARAM lParam)
   return DefWindowProcW(view, message, wParam, lParam);
 }
 
-bool Register(HINSTANCE instance, const wchar_t* name, WNDPROC proc, HBRUSH background) {
-  WNDCLASSEXW wc{};
-  wc.cbSize = sizeof wc;
-  wc.lpfnWndProc = proc;
-  wc.hInstance = instance;
-  wc.hCursor = LoadCursor(nullptr, IDC_ARROW);
-  wc.hbrBackground = background;
-  wc.lpszClassName = name;
-  return RegisterClassExW(&wc) != 0;
-}
-
 }  // namespace
 
 // The view has no background: every pixel of it is a tile of the picture.
-bool RegisterViewClasses(HINSTANCE instance) {
-  return Register(instance, kViewFrameClass, ViewFrameProc,
-                  reinterpret_cast<HBRUSH>(COLOR_APPWORKSPACE + 1)) &&
-         Register(instance, kViewClass, ViewProc, nullptr);
+bool RegisterViewClasses() {
+  return win32::RegisterWindowClass(
+             {kViewFrameClass, ViewFrameProc, reinterpret_cast<HBRUSH>(COLOR_APPWORKSPACE + 1)}) &&
+         win32::RegisterWindowClass({kViewClass, ViewProc});
 }
 
 void SetViewScrollBar(Canvas* canvas, Axis axis, const ScrollBarState& bar) {

@@ -4,6 +4,7 @@
 #include <commctrl.h>
 
 #include "platform/win32/win32_platform.h"
+#include "platform/win32/win32_windows.h"
 
 namespace {
 
@@ -55,17 +56,10 @@ LRESULT CALLBACK StatusBarSized(HWND bar, UINT message, WPARAM wParam, LPARAM lP
 HWND CreateReadout() {
   HWND bar = platform::BoundWindow(platform::Window::StatusBar);
   if (!bar) return nullptr;
-  auto instance = reinterpret_cast<HINSTANCE>(GetWindowLongPtrW(bar, GWLP_HINSTANCE));
-  WNDCLASSEXW wc{};
-  wc.cbSize = sizeof wc;
-  wc.lpfnWndProc = ReadoutProc;
-  wc.hInstance = instance;
-  wc.hCursor = LoadCursor(nullptr, IDC_ARROW);
-  wc.lpszClassName = kReadoutClass;
-  if (!RegisterClassExW(&wc) && GetLastError() != ERROR_CLASS_ALREADY_EXISTS) return nullptr;
+  if (!win32::RegisterWindowClass({kReadoutClass, ReadoutProc})) return nullptr;
   readout = CreateWindowExW(0, kReadoutClass, nullptr, WS_CHILD, 0, 0, 0, 0, bar,
-                            reinterpret_cast<HMENU>(static_cast<INT_PTR>(kReadoutId)), instance,
-                            nullptr);
+                            reinterpret_cast<HMENU>(static_cast<INT_PTR>(kReadoutId)),
+                            win32::ProgramInstance(), nullptr);
   if (!readout) return nullptr;
   SetWindowSubclass(bar, StatusBarSized, kSubclassId, 0);
   PlaceReadout(bar);

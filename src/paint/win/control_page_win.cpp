@@ -16,6 +16,7 @@
 #include "paint/win/pen_panel_ids.h"
 #include "paint/win/tip_preview_win.h"
 #include "platform/win32/win32_platform.h"
+#include "platform/win32/win32_windows.h"
 
 namespace {
 
@@ -189,7 +190,7 @@ void DrawModeButton(const DRAWITEMSTRUCT& item) {
 // The names of the modes as tips of their buttons.
 void AddModeTips(HWND page) {
   HWND tips = CreateWindowExW(0, TOOLTIPS_CLASSW, nullptr, WS_POPUP | TTS_ALWAYSTIP, 0, 0, 0, 0,
-                              page, nullptr, ProgramInstance(), nullptr);
+                              page, nullptr, win32::ProgramInstance(), nullptr);
   if (!tips) return;
   for (int mode = 0; mode < kModeButtonCount; ++mode) {
     std::wstring label = platform::Widen(PenModeLabel(mode));
@@ -253,9 +254,9 @@ INT_PTR CALLBACK PageProc(HWND page, UINT message, WPARAM wParam, LPARAM lParam)
 HWND CreateControlPage(HWND panel, const std::string& programFolder) {
   const INITCOMMONCONTROLSEX controls{sizeof controls, ICC_BAR_CLASSES};
   InitCommonControlsEx(&controls);
-  if (!RegisterTipPreviewClass(ProgramInstance())) return nullptr;
+  if (!RegisterTipPreviewClass()) return nullptr;
   PenDataList.Read(programFolder);
-  HWND page = CreateDialogW(ProgramInstance(), L"da00_ctrl4", panel, PageProc);
+  HWND page = CreateDialogW(win32::ProgramInstance(), L"da00_ctrl4", panel, PageProc);
   if (!page) return nullptr;
   FitDialogToWidth(page, kPageWidth);
   ShowOptionPanel(page, state.shown);

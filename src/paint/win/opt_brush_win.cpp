@@ -20,6 +20,7 @@
 #include "paint/win/picture_win.h"
 #include "paint/win/tip_preview_win.h"
 #include "platform/win32/win32_platform.h"
+#include "platform/win32/win32_windows.h"
 
 namespace {
 
@@ -116,5 +117,5 @@ INT_PTR CALLBACK BrushPanelProc(HWND panel, UINT message, WPARAM wParam, LPARAM 
 }  // namespace
 
 HWND CreateBrushPanel(HWND page) {
-  return CreateDialogW(ProgramInstance(), L"opt_brush", page, BrushPanelProc);
+  return CreateDialogW(win32::ProgramInstance(), L"opt_brush", page, BrushPanelProc);
 }

@@ -13,6 +13,7 @@
 #include "paint/win/pen_panel_ids.h"
 #include "paint/win/picture_win.h"
 #include "platform/win32/win32_platform.h"
+#include "platform/win32/win32_windows.h"
 
 namespace {
 
@@ -120,5 +121,5 @@ INT_PTR CALLBACK DotPanelProc(HWND panel, UINT message, WPARAM wParam, LPARAM lP
 }  // namespace
 
 HWND CreateDotPanel(HWND page) {
-  return CreateDialogW(ProgramInstance(), L"opt_dot", page, DotPanelProc);
+  return CreateDialogW(win32::ProgramInstance(), L"opt_dot", page, DotPanelProc);
 }

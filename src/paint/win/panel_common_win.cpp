@@ -2,8 +2,6 @@
 
 #include "platform/win32/win32_platform.h"
 
-HINSTANCE ProgramInstance() { return GetModuleHandleW(nullptr); }
-
 void FitDialogToWidth(HWND dialog, int width) {
   RECT client;
   GetClientRect(dialog, &client);

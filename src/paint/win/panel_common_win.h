@@ -8,9 +8,6 @@ constexpr int kMenuBase = 1;
 // After the text of a button that opens a popup.
 constexpr wchar_t kPopupMark[] = L" \u25BE";
 
-// The module that holds the program's resources.
-HINSTANCE ProgramInstance();
-
 // Scales a dialog made from a template, and each of its controls, so that
 // it is `width` pixels wide: the column of the control panel is as wide as
 // it is, whatever the dialog units of the system's font.

@@ -6,6 +6,7 @@
 #include "paint/win/panel_common_win.h"
 #include "paint/win/pen_panel_ids.h"
 #include "platform/win32/win32_platform.h"
+#include "platform/win32/win32_windows.h"
 #include "settings/number_lists.h"
 
 namespace {
@@ -27,27 +28,18 @@ std::string FieldText(HWND dialog, int control) {
 }
 
 // Width and height start at 1; a bad one is told and the dialog stays.
-INT_PTR CALLBACK AddProc(HWND dialog, UINT message, WPARAM wParam, LPARAM) {
-  switch (message) {
-    case WM_INITDIALOG:
-      for (int spin : {IDC_ADD_WIDTH_SPIN, IDC_ADD_HEIGHT_SPIN}) {
-        SendDlgItemMessageW(dialog, spin, UDM_SETRANGE32, 1, 255);
-        SendDlgItemMessageW(dialog, spin, UDM_SETPOS32, 0, 1);
-      }
-      return TRUE;
-    case WM_COMMAND:
-      if (LOWORD(wParam) == IDOK) {
-        if (AddTypedPenSize(FieldText(dialog, IDC_ADD_WIDTH), FieldText(dialog, IDC_ADD_HEIGHT)))
-          EndDialog(dialog, IDOK);
-        return TRUE;
-      }
-      if (LOWORD(wParam) == IDCANCEL) {
-        EndDialog(dialog, IDCANCEL);
-        return TRUE;
-      }
-      break;
-  }
-  return FALSE;
+bool RunAddDialog(HWND owner) {
+  win32::Dialog dialog;
+  dialog.init = [](HWND window) {
+    for (int spin : {IDC_ADD_WIDTH_SPIN, IDC_ADD_HEIGHT_SPIN}) {
+      SendDlgItemMessageW(window, spin, UDM_SETRANGE32, 1, 255);
+      SendDlgItemMessageW(window, spin, UDM_SETPOS32, 0, 1);
+    }
+  };
+  dialog.accept = [](HWND window) {
+    return AddTypedPenSize(FieldText(window, IDC_ADD_WIDTH), FieldText(window, IDC_ADD_HEIGHT));
+  };
+  return win32::RunDialog(L"tsl_addpen", owner, dialog);
 }
 
 void DeleteChosen(HWND dialog) {
@@ -55,28 +47,23 @@ void DeleteChosen(HWND dialog) {
   if (chosen != LB_ERR && DeletePenSize(int(chosen))) FillList(dialog);
 }
 
-INT_PTR CALLBACK ListProc(HWND dialog, UINT message, WPARAM wParam, LPARAM) {
-  switch (message) {
-    case WM_INITDIALOG:
-      FillList(dialog);
-      return TRUE;
-    case WM_COMMAND:
-      switch (LOWORD(wParam)) {
-        case IDC_PEN_SIZE_ADD:
-          if (DialogBoxW(ProgramInstance(), L"tsl_addpen", dialog, AddProc) == IDOK)
-            FillList(dialog);
-          return TRUE;
-        case IDC_PEN_SIZE_DELETE: DeleteChosen(dialog); return TRUE;
-        case IDOK:
-        case IDCANCEL: EndDialog(dialog, IDOK); return TRUE;
-      }
-      break;
-  }
-  return FALSE;
-}
-
 }  // namespace
 
+// The list is edited in place: OK and Cancel both just close it.
 void RunPenSizeListDialog(HWND owner) {
-  DialogBoxW(ProgramInstance(), L"tsl_brushlist", owner, ListProc);
+  win32::Dialog dialog;
+  dialog.init = FillList;
+  dialog.command = [](HWND window, int control, int) {
+    switch (control) {
+      case IDC_PEN_SIZE_ADD:
+        if (RunAddDialog(window)) FillList(window);
+        return true;
+      case IDC_PEN_SIZE_DELETE:
+        DeleteChosen(window);
+        return true;
+      default:
+        return false;
+    }
+  };
+  win32::RunDialog(L"tsl_brushlist", owner, dialog);
 }

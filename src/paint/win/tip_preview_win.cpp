@@ -9,6 +9,7 @@
 #include "paint/win/panel_common_win.h"
 #include "paint/win/pen_panel_ids.h"
 #include "paint/win/picture_win.h"
+#include "platform/win32/win32_windows.h"
 
 namespace {
 
@@ -100,12 +101,8 @@ LRESULT CALLBACK PreviewProc(HWND box, UINT message, WPARAM wParam, LPARAM lPara
 
 }  // namespace
 
-bool RegisterTipPreviewClass(HINSTANCE instance) {
-  WNDCLASSEXW wc{};
-  wc.cbSize = sizeof wc;
-  wc.lpfnWndProc = PreviewProc;
-  wc.hInstance = instance;
-  wc.hCursor = LoadCursor(nullptr, IDC_CROSS);
-  wc.lpszClassName = TIP_PREVIEW_CLASS;
-  return RegisterClassExW(&wc) != 0 || GetLastError() == ERROR_CLASS_ALREADY_EXISTS;
+bool RegisterTipPreviewClass() {
+  win32::WindowClass preview{TIP_PREVIEW_CLASS, PreviewProc};
+  preview.cursor = LoadCursor(nullptr, IDC_CROSS);
+  return win32::RegisterWindowClass(preview);
 }

@@ -7,4 +7,4 @@
 // Its notification to the panel, by WM_COMMAND: the pen's radii changed.
 constexpr WORD kPreviewSized = 1;
 
-bool RegisterTipPreviewClass(HINSTANCE instance);
+bool RegisterTipPreviewClass();

@@ -7,6 +7,8 @@
 #include <cstring>
 #include <io.h>
 
+#include "platform/win32/win32_windows.h"
+
 namespace platform {
 
 namespace {
@@ -21,7 +23,7 @@ HWND BoundWindow(Window role) { return boundWindows[static_cast<size_t>(role)]; 
 void SetCustomCursor(const char* name) {
   HCURSOR cursor = LoadCursor(nullptr, IDC_ARROW);
   if (name) {
-    cursor = LoadCursorW(GetModuleHandleW(nullptr), Widen(name).c_str());
+    cursor = LoadCursorW(win32::ProgramInstance(), Widen(name).c_str());
     if (!cursor) cursor = LoadCursor(nullptr, IDC_CROSS);
   }
   SetCursor(cursor);

@@ -4,6 +4,7 @@
 
 #include "document/new_canvas_size.h"
 #include "platform/win32/win32_platform.h"
+#include "platform/win32/win32_windows.h"
 #include "resources/win/resource_ids.h"
 #include "settings/number_lists.h"
 #include "shell/win/dialogs.h"
@@ -49,20 +50,22 @@ void DeleteSize(HWND dialog) {
   FillList(dialog);
 }
 
-INT_PTR CALLBACK SizesProc(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
-  if (message == WM_INITDIALOG) {
-    FillList(dialog);
-    return TRUE;
-  }
-  if (message == WM_COMMAND) {
-    switch (LOWORD(wParam)) {
-      case IDC_SIZES_ADD: AddSize(dialog); return TRUE;
-      case IDC_SIZES_DELETE: DeleteSize(dialog); return TRUE;
-    }
-  }
-  return PlainDialogProc(dialog, message, wParam, lParam);
-}
-
 }  // namespace
 
-void RunCanvasSizesDialog(HWND owner) { DialogBoxW(instance, L"tesel_sizes", owner, SizesProc); }
+void RunCanvasSizesDialog(HWND owner) {
+  win32::Dialog dialog;
+  dialog.init = FillList;
+  dialog.command = [](HWND window, int control, int) {
+    switch (control) {
+      case IDC_SIZES_ADD:
+        AddSize(window);
+        return true;
+      case IDC_SIZES_DELETE:
+        DeleteSize(window);
+        return true;
+      default:
+        return false;
+    }
+  };
+  win32::RunDialog(L"tesel_sizes", owner, dialog);
+}

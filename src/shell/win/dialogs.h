@@ -21,6 +21,3 @@ void ShowPreferences(HWND owner);
 void ShowScreenChangeNotice();
 // tsl_about
 void ShowAboutBox();
-
-// A dialog without state of its own: OK and Cancel close it.
-INT_PTR CALLBACK PlainDialogProc(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam);

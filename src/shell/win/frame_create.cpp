@@ -12,6 +12,7 @@
 #include "paint/tip.h"
 #include "paint/win/stroke_windows_win.h"
 #include "platform/win32/win32_platform.h"
+#include "platform/win32/win32_windows.h"
 #include "resources/strings.h"
 #include "settings/settings.h"
 #include "shell/undo_commands.h"
@@ -45,11 +46,11 @@ int ColourDepth() {
 
 bool CreateMdiClient(HWND frame) {
   CLIENTCREATESTRUCT client{windowMenu, kFirstChildId};
-  mdiClient = CreateWindowExW(WS_EX_CLIENTEDGE, L"MDICLIENT", nullptr,
-                              WS_CHILD | WS_CLIPCHILDREN | WS_CLIPSIBLINGS | WS_VSCROLL | WS_HSCROLL,
-                              0, 0, 0, 0, frame,
-                              reinterpret_cast<HMENU>(static_cast<INT_PTR>(kMdiClientId)), instance,
-                              &client);
+  mdiClient =
+      CreateWindowExW(WS_EX_CLIENTEDGE, L"MDICLIENT", nullptr,
+                      WS_CHILD | WS_CLIPCHILDREN | WS_CLIPSIBLINGS | WS_VSCROLL | WS_HSCROLL, 0, 0,
+                      0, 0, frame, reinterpret_cast<HMENU>(static_cast<INT_PTR>(kMdiClientId)),
+                      win32::ProgramInstance(), &client);
   return mdiClient != nullptr;
 }
 

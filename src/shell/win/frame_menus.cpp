@@ -4,6 +4,7 @@
 
 #include "document/active_canvas.h"
 #include "platform/win32/win32_platform.h"
+#include "platform/win32/win32_windows.h"
 #include "shell/command_ids.h"
 #include "shell/history_menu.h"
 #include "shell/win/shell_globals.h"
@@ -60,11 +61,12 @@ MenuFlags CurrentMenuFlags() {
 }  // namespace
 
 void LoadMenus() {
-  menuInit = LoadMenuW(instance, L"nnMenuInit");
-  menuChild = LoadMenuW(instance, L"nnMenuChild");
+  menuInit = LoadMenuW(win32::ProgramInstance(), L"nnMenuInit");
+  menuChild = LoadMenuW(win32::ProgramInstance(), L"nnMenuChild");
   windowMenu = GetSubMenu(menuChild, kWindowMenuPosition);
-  for (int i = 0; i < kPopupMenuCount; ++i) popupMenus[i] = LoadMenuW(instance, kPopupMenuNames[i]);
-  accelerators = LoadAcceleratorsW(instance, L"daAccel");
+  for (int i = 0; i < kPopupMenuCount; ++i)
+    popupMenus[i] = LoadMenuW(win32::ProgramInstance(), kPopupMenuNames[i]);
+  accelerators = LoadAcceleratorsW(win32::ProgramInstance(), L"daAccel");
 }
 
 void DestroyMenus() {

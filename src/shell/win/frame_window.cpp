@@ -4,6 +4,7 @@
 
 #include "paint/pen_state.h"
 #include "platform/win32/win32_platform.h"
+#include "platform/win32/win32_windows.h"
 #include "shell/command_routing.h"
 #include "shell/documents.h"
 #include "shell/key_polling.h"
@@ -117,13 +118,9 @@ LRESULT CALLBACK FrameProc(HWND frame, UINT message, WPARAM wParam, LPARAM lPara
 }  // namespace
 
 bool RegisterWindowClasses() {
-  WNDCLASSEXW wc{};
-  wc.cbSize = sizeof wc;
-  wc.lpfnWndProc = FrameProc;
-  wc.hInstance = instance;
-  wc.hIcon = LoadIcon(nullptr, IDI_APPLICATION);
-  wc.hCursor = LoadCursor(nullptr, IDC_ARROW);
-  wc.hbrBackground = reinterpret_cast<HBRUSH>(COLOR_APPWORKSPACE + 1);
-  wc.lpszClassName = kFrameClass;
-  return RegisterClassExW(&wc) && RegisterSideWindowClasses() && RegisterDocumentWindows();
+  win32::WindowClass frame{kFrameClass, FrameProc,
+                           reinterpret_cast<HBRUSH>(COLOR_APPWORKSPACE + 1)};
+  frame.icon = LoadIcon(nullptr, IDI_APPLICATION);
+  return win32::RegisterWindowClass(frame) && RegisterSideWindowClasses() &&
+         RegisterDocumentWindows();
 }

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "platform/win32/win32_platform.h"
+#include "platform/win32/win32_windows.h"
 #include "resources/strings.h"
 #include "settings/number_lists.h"
 #include "settings/settings.h"
@@ -97,16 +98,15 @@ HWND CreateFrame(int show, std::vector<std::string>* files) {
   const WindowRect place =
       ClampFramePlacement(settings.framePosition, settings.frameSize, screenWidth, screenHeight);
   HWND frame = CreateWindowExW(0, kFrameClass, platform::Widen(kProductName).c_str(),
-                               WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, place.x, place.y,
-                               place.width, place.height, nullptr, menuInit, instance, files);
+                               WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, place.x, place.y, place.width,
+                               place.height, nullptr, menuInit, win32::ProgramInstance(), files);
   if (frame) ShowWindow(frame, settings.maximized ? SW_SHOWMAXIMIZED : show);
   return frame;
 }
 
 }  // namespace
 
-int WINAPI wWinMain(HINSTANCE hInstance, HINSTANCE, PWSTR, int show) {
-  instance = hInstance;
+int WINAPI wWinMain(HINSTANCE, HINSTANCE, PWSTR, int show) {
   // The names stay alive for the run: the frame posts them to itself.
   static std::vector<std::string> files = CommandLineFiles();
   if (HWND running = FindWindowW(kFrameClass, nullptr)) {

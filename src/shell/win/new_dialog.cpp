@@ -10,6 +10,7 @@
 #include <string>
 
 #include "platform/win32/win32_platform.h"
+#include "platform/win32/win32_windows.h"
 #include "resources/strings.h"
 #include "resources/win/resource_ids.h"
 #include "settings/number_lists.h"
@@ -201,6 +202,6 @@ INT_PTR CALLBACK NewDialogProc(HWND dialog, UINT message, WPARAM wParam, LPARAM 
 
 int RunNewDialog(NewCanvasFields& fields) {
   NewDialog state{&fields};
-  return DialogBoxParamW(instance, L"tesel_new", frameWnd, NewDialogProc,
+  return DialogBoxParamW(win32::ProgramInstance(), L"tesel_new", frameWnd, NewDialogProc,
                          reinterpret_cast<LPARAM>(&state)) == IDOK;
 }

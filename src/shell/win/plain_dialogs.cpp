@@ -1,5 +1,6 @@
 // The dialogs that only show something: the display change notice and the
 // about box; and the frame commands of the dialogs.
+#include "platform/win32/win32_windows.h"
 #include "resources/win/resource_ids.h"
 #include "shell/command_routing.h"
 #include "shell/win/dialogs.h"
@@ -11,35 +12,15 @@ constexpr int kViewSetting = 11000;
 constexpr int kPreference = 11012;
 constexpr wchar_t kVersion[] = L"Version 0.1";
 
-INT_PTR CALLBACK AboutProc(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
-  if (message == WM_INITDIALOG) {
-    SetDlgItemTextW(dialog, IDC_ABOUT_VERSION, kVersion);
-    return TRUE;
-  }
-  return PlainDialogProc(dialog, message, wParam, lParam);
-}
-
 }  // namespace
 
-INT_PTR CALLBACK PlainDialogProc(HWND dialog, UINT message, WPARAM wParam, LPARAM) {
-  switch (message) {
-    case WM_INITDIALOG:
-      return TRUE;
-    case WM_COMMAND:
-      if (LOWORD(wParam) == IDOK || LOWORD(wParam) == IDCANCEL) {
-        EndDialog(dialog, LOWORD(wParam));
-        return TRUE;
-      }
-      break;
-  }
-  return FALSE;
-}
+void ShowScreenChangeNotice() { win32::RunDialog(L"da_screenchange", frameWnd, {}); }
 
-void ShowScreenChangeNotice() {
-  DialogBoxW(instance, L"da_screenchange", frameWnd, PlainDialogProc);
+void ShowAboutBox() {
+  win32::Dialog dialog;
+  dialog.init = [](HWND window) { SetDlgItemTextW(window, IDC_ABOUT_VERSION, kVersion); };
+  win32::RunDialog(L"tsl_about", frameWnd, dialog);
 }
-
-void ShowAboutBox() { DialogBoxW(instance, L"tsl_about", frameWnd, AboutProc); }
 
 void RegisterFrameDialogs() {
   RegisterFrameCommand(kViewSetting, [](intptr_t) { RunViewSettingDialog(); });

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "platform/win32/win32_platform.h"
+#include "platform/win32/win32_windows.h"
 #include "resources/strings.h"
 #include "resources/win/resource_ids.h"
 #include "settings/settings.h"
@@ -196,7 +197,7 @@ void ShowPreferences(HWND owner) {
   PROPSHEETPAGEW pages[std::size(kPages)] = {};
   for (size_t i = 0; i < std::size(kPages); ++i) {
     pages[i].dwSize = sizeof pages[i];
-    pages[i].hInstance = instance;
+    pages[i].hInstance = win32::ProgramInstance();
     pages[i].pszTemplate = kPages[i].name;
     pages[i].pfnDlgProc = PageProc;
     pages[i].lParam = reinterpret_cast<LPARAM>(&kPages[i]);
@@ -207,7 +208,7 @@ void ShowPreferences(HWND owner) {
   sheet.dwFlags = PSH_PROPSHEETPAGE | PSH_NOAPPLYNOW | PSH_USECALLBACK;
   sheet.pfnCallback = SheetCallback;
   sheet.hwndParent = owner;
-  sheet.hInstance = instance;
+  sheet.hInstance = win32::ProgramInstance();
   sheet.pszCaption = title.c_str();
   sheet.nPages = std::size(kPages);
   sheet.ppsp = pages;

@@ -1,6 +1,5 @@
 #include "shell/win/shell_globals.h"
 
-HINSTANCE instance;
 HWND frameWnd, mdiClient, statusBar, toolBar, ctrlPanel;
 HMENU menuInit, menuChild, windowMenu;
 HMENU popupMenus[kPopupMenuCount];

@@ -6,7 +6,6 @@
 
 #include <string>
 
-extern HINSTANCE instance;
 extern HWND frameWnd, mdiClient, statusBar, toolBar, ctrlPanel;
 
 // nnMenuInit while no document is open, nnMenuChild while one is; the

@@ -5,6 +5,7 @@
 #include "document/canvas_manager.h"
 #include "display/win/document_window.h"
 #include "platform/win32/win32_platform.h"
+#include "platform/win32/win32_windows.h"
 #include "shell/command_routing.h"
 #include "shell/documents.h"
 #include "shell/frame_geometry.h"
@@ -30,7 +31,7 @@ int CreateDocument() {
   MDICREATESTRUCTW create{};
   create.szClass = kDocumentClass;
   create.szTitle = L"test";
-  create.hOwner = instance;
+  create.hOwner = win32::ProgramInstance();
   create.x = at;
   create.y = at;
   create.cx = kDocumentWidth;
@@ -138,5 +139,5 @@ bool RegisterDocumentWindows() {
   handlers.command = [](Canvas* canvas, int id, intptr_t lParam) { CanvasCommand(canvas, id, lParam); };
   handlers.keyDown = DocumentKeyDown;
   handlers.currentTool = [] { return currentTool; };
-  return RegisterDocumentClasses(instance, handlers);
+  return RegisterDocumentClasses(handlers);
 }

@@ -6,6 +6,7 @@
 #include "paint/stored_pen.h"
 #include "paint/win/control_page_win.h"
 #include "platform/win32/win32_platform.h"
+#include "platform/win32/win32_windows.h"
 #include "settings/settings.h"
 #include "shell/input_rules.h"
 #include "shell/status_text.h"
@@ -101,20 +102,14 @@ void HandlePenKeys(Canvas*, DocumentKey key) {
 }
 
 bool Register(const wchar_t* name, WNDPROC proc) {
-  WNDCLASSEXW wc{};
-  wc.cbSize = sizeof wc;
-  wc.style = CS_HREDRAW | CS_VREDRAW;
-  wc.lpfnWndProc = proc;
-  wc.hInstance = instance;
-  wc.hCursor = LoadCursor(nullptr, IDC_ARROW);
-  wc.hbrBackground = reinterpret_cast<HBRUSH>(COLOR_BTNFACE + 1);
-  wc.lpszClassName = name;
-  return RegisterClassExW(&wc) != 0;
+  return win32::RegisterWindowClass(
+      {name, proc, reinterpret_cast<HBRUSH>(COLOR_BTNFACE + 1), CS_HREDRAW | CS_VREDRAW});
 }
 
 HWND CreateBar(const wchar_t* name, HWND frame, int id) {
   return CreateWindowExW(0, name, nullptr, WS_CHILD | WS_CLIPSIBLINGS, 0, 0, 0, 0, frame,
-                         reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), instance, nullptr);
+                         reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)),
+                         win32::ProgramInstance(), nullptr);
 }
 
 }  // namespace

@@ -4,6 +4,7 @@
 
 #include <cstring>
 
+#include "platform/win32/win32_windows.h"
 #include "shell/drop_files.h"
 
 namespace {

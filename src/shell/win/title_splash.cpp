@@ -1,5 +1,6 @@
 #include "shell/win/title_splash.h"
 
+#include "platform/win32/win32_windows.h"
 #include "shell/win/shell_globals.h"
 
 namespace {
@@ -66,5 +67,6 @@ INT_PTR CALLBACK SplashProc(HWND splash, UINT message, WPARAM, LPARAM lParam) {
 }  // namespace
 
 void ShowTitleSplash(HWND frame, RECT frameRect) {
-  CreateDialogParamW(instance, L"tsl_title", frame, SplashProc, reinterpret_cast<LPARAM>(&frameRect));
+  CreateDialogParamW(win32::ProgramInstance(), L"tsl_title", frame, SplashProc,
+                     reinterpret_cast<LPARAM>(&frameRect));
 }

@@ -7,8 +7,8 @@ for n in 1 2 3 4 5; do
   new_document 50 40
   wait_documents $n
 done
-places=$(probe | sed -n 's/^2 CanvClass#[0-9]* ".*" [0-9]*x[0-9]* @\(.*\)$/\1/p' | sort -t, -n -k1 | tr '\n' ' ')
+places=$(probe | sed -n "s/${DOCUMENT}[0-9]* \".*\" [0-9]*x[0-9]* @\(.*\)$/\1/p" | sort -t, -n -k1 | tr '\n' ' ')
 [ "$places" = "0,0 0,0 12,12 24,24 36,36 " ] || fail "documents stand at $places"
 # Window menu: Tile, Cascade, Arrange Minimized Windows, Close All.
 keys alt+w Down Down Down Return
-wait_gone '^2 CanvClass#'
+wait_gone "$DOCUMENT"

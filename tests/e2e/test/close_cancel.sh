@@ -3,22 +3,20 @@
 # frame and picture open.
 . "$(dirname "$0")/../lib.sh"
 
+save_changes='"Save changes to the file\?"'
 start_tesel
 new_document 100 80
 wait_documents 1
 # Negative, the last item of the Paint menu, modifies the picture.
 keys alt+p Up Return
 keys ctrl+F4
-wait_for '"Save changes to the file\?"'
-dialog_keys Escape
-wait_gone '"Save changes to the file\?"'
-[ "$(document_titles | wc -l)" -eq 1 ] || fail "Cancel did not keep the document"
+answer "$save_changes" Escape
+[ "$(document_count)" -eq 1 ] || fail "Cancel did not keep the document"
 
 [ ! -e "$DIST/env__.env" ] || fail "env__.env was there before closing"
 keys alt+F4
-wait_for '"Save changes to the file\?"'
+wait_for "$save_changes"
 [ -e "$DIST/env__.env" ] || fail "the settings were not written before the question"
-dialog_keys Escape
-wait_gone '"Save changes to the file\?"'
-wait_for '^0 da00#0 "Tesel'
-[ "$(document_titles | wc -l)" -eq 1 ] || fail "Cancel at the frame's close lost the document"
+answer "$save_changes" Escape
+wait_for "$MAIN_WINDOW"
+[ "$(document_count)" -eq 1 ] || fail "Cancel at the frame's close lost the document"

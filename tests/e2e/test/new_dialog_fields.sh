@@ -7,9 +7,10 @@
 . "$(dirname "$0")/../lib.sh"
 
 width=101 height=102 length_width=104 length_height=106 dpi=111
+new=$(dialog New)
 start_tesel
 keys ctrl+n
-wait_for '^0 #32770#0 "New"'
+wait_for "$new"
 [ "$(field $dpi)" = 96 ] || fail "the first New of a run opens at $(field $dpi) dpi"
 type_text 640
 dialog_keys Tab
@@ -23,15 +24,13 @@ type_text 300
 [ "$(field $length_width)" = 32.00 ] || fail "378 px at 300 dpi gave $(field $length_width) mm"
 [ "$(field $length_height)" = 40.64 ] || fail "480 px at 300 dpi gave $(field $length_height) mm"
 [ "$(field $width)" = 378 ] || fail "a new resolution changed the pixels to $(field $width)"
-dialog_keys Return
-wait_gone '^0 #32770#0 "New"'
-wait_for '^4 CanvWndDispClass#0 "" 378x480 '
+answer "$new" Return
+wait_view 378x480
 
 # The next opening of the run keeps the size and the resolution.
 keys ctrl+n
-wait_for '^0 #32770#0 "New"'
+wait_for "$new"
 [ "$(field $width)x$(field $height)@$(field $dpi)" = 378x480@300 ] ||
   fail "New reopened with $(field $width)x$(field $height)@$(field $dpi)"
-dialog_keys Escape
-wait_gone '^0 #32770#0 "New"'
-[ "$(document_titles | wc -l)" -eq 1 ] || fail "Cancel made a document"
+answer "$new" Escape
+[ "$(document_count)" -eq 1 ] || fail "Cancel made a document"

@@ -4,8 +4,9 @@
 
 start_tesel
 new_document 640 480
-wait_for '^2 CanvClass#[0-9]+ "Standard Accuracy \[LAYER0\] of Untitled"'
-[ "$(document_titles | wc -l)" -eq 1 ] || fail "expected one document"
+wait_for "${DOCUMENT}[0-9]+ \"Standard Accuracy \[LAYER0\] of Untitled\""
+[ "$(document_count)" -eq 1 ] || fail "expected one document"
 [ "$(view_size)" = 640x480 ] || fail "view is $(view_size), not 640x480"
-sleep 1  # the splash has gone and everything has painted
-screenshot frame-with-document
+wait_gone "$SPLASH"
+shot
+keep_shot frame-with-document

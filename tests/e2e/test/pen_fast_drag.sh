@@ -3,17 +3,14 @@
 # of the path, not a straight stub of what the stroke had reached.
 . "$(dirname "$0")/../lib.sh"
 
-start_tesel
-new_document 640 480
-wait_for '^4 CanvWndDispClass#0 "" 640x480 '
-read -r vx vy _ _ <<<"$(view_rect)"
+open_picture 640 480
 
 # 20 moves of 20 pixels across, 25 ms apart, down 60 and up again twice.
 point() { echo "$((vx + 100 + 20 * $1)) $((vy + 100 + 12 * (5 - ($1 % 10 < 5 ? 5 - $1 % 10 : $1 % 10 - 5))))"; }
 moves="mousemove $(point 0) mousedown 1"
 for i in $(seq 1 20); do moves="$moves sleep 0.025 mousemove $(point "$i")"; done
 xdotool $moves sleep 0.02 mouseup 1
-sleep 0.3
+sleep 0.3  # the moment after the release that the path must show by
 grab
 keep_shot pen-fast-drag
 

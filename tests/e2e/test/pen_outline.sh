@@ -6,10 +6,7 @@
 . "$(dirname "$0")/../lib.sh"
 
 black="0 0 0"
-start_tesel
-new_document 200 150
-wait_for '^4 CanvWndDispClass#0 "" 200x150 '
-read -r vx vy _ _ <<<"$(view_rect)"
+open_picture 200 150
 
 # The first-run pen has a radius of 3: its outline is the ellipse in the
 # 7 x 7 box from 97,72, black over white.
@@ -18,9 +15,7 @@ shot_until 10 pixel_is $((vx + 97)) $((vy + 75)) "$black"
 expect_pixel $((vx + 97)) $((vy + 75)) "$black" "the outline's left edge"
 expect_pixel $((vx + 100)) $((vy + 75)) "255 255 255" "inside the outline"
 
-xdotool keydown shift
-drag "$((vx + 100)),$((vy + 75))" "$((vx + 130)),$((vy + 75))" "$((vx + 150)),$((vy + 100))"
-xdotool keyup shift
+shift_drag "$((vx + 100)),$((vy + 75))" "$((vx + 130)),$((vy + 75))" "$((vx + 150)),$((vy + 100))"
 
 xdotool mousemove $((vx + 40)) $((vy + 40))
 shot_until 10 pixel_is $((vx + 37)) $((vy + 40)) "$black"

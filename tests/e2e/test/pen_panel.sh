@@ -11,32 +11,18 @@ centre_of() {
   [ -n "${cx:-}" ] || fail "no control $2#$3 at depth $1"
   echo "$((cx + cw / 2)) $((cy + ch / 2))"
 }
+# The click's effect, a popup open or a tile picked, shows in nothing the
+# probe lists: hence the pause.
 click_control() {
   read -r px py <<<"$(centre_of "$@")"
   xdotool mousemove "$px" "$py" click 1
   sleep 0.3
 }
 control_text() { probe | sed -n "s/^$1 $2#$3 \"\(.*\)\" .*/\1/p" | head -1; }
-# Waits until a control shows a text.
-wait_text() {
-  local end=$((SECONDS + 10))
-  until [ "$(control_text "$1" "$2" "$3")" = "$4" ]; do
-    [ $SECONDS -lt $end ] || fail "$2#$3 shows '$(control_text "$1" "$2" "$3")', not '$4'"
-    sleep 0.2
-  done
-}
-# A single dab: Shift held, the button pressed on the picture at x, y; the
-# stroke polls the button, so it stays down a while.
-dab() {
-  xdotool mousemove $((vx + $1)) $((vy + $2)) keydown shift mousedown 1
-  sleep 0.3
-  xdotool mouseup 1 keyup shift
-}
+# A single dab at x, y of the picture.
+dab() { shift_drag "$((vx + $1)),$((vy + $2))"; }
 
-start_tesel
-new_document 200 150
-wait_for '^4 CanvWndDispClass#0 "" 200x150 '
-read -r vx vy _ _ <<<"$(view_rect)"
+open_picture 200 150
 # The page fills the 180-pixel column.
 read -r _ _ pw _ <<<"$(screen_rect '^2 #32770#0 ')"
 [ "$pw" = 180 ] || fail "the page is $pw pixels wide, not 180"
@@ -48,7 +34,7 @@ keep_shot pen-panel
 click_control 4 Button 10
 read -r px py <<<"$(centre_of 4 tslTipPreview 100)"
 drag "$px,$py" "$((px + 5)),$((py + 3))" "$((px + 10)),$((py + 3))"
-wait_text 4 Button 101 "21 x 21 ▾"
+wait_for '^4 Button#101 "21 x 21 ▾" ' 10
 dab 50 40
 xdotool mousemove 5 5
 shot
@@ -59,8 +45,7 @@ expect_pixel $((vx + 50)) $((vy + 40)) "0 0 0" "the middle of the block"
 # Noise from the mode popup, chosen with the keys in the open menu.
 click_control 3 Button 310
 dialog_keys Down Down Down Down Down Down Down Down Down Return
-sleep 0.3
-wait_text 3 Button 310 "Noise ▾"
+wait_for '^3 Button#310 "Noise ▾" ' 10
 path=()
 for x in $(seq 30 10 170); do path+=("$((vx + x)),$((vy + 115))"); done
 drag "${path[@]}"
@@ -68,14 +53,14 @@ xdotool mousemove 5 5
 shot
 noise=$(not_white_box $vx $((vy + 80)) 200 70)
 [ -n "$noise" ] || fail "Noise left the paper white"
-read -r w h x y <<<"$(echo "$noise" | tr 'x+' '  ')"
+read -r w h x y <<<"${noise//[x+]/ }"
 [ $y -ge 20 ] && [ $((y + h)) -le 50 ] && [ $w -ge 100 ] ||
   fail "the noise covers $noise, not a band along the path"
 [ "$(pixel $((vx + 100)) $((vy + 115)))" != "0 0 0" ] || fail "Noise painted black"
 
 # The Color button paints the pen's black again.
 click_control 3 Button 300
-wait_text 3 Button 310 "Color ▾"
+wait_for '^3 Button#310 "Color ▾" ' 10
 dab 150 40
 xdotool mousemove 5 5
 shot
@@ -94,7 +79,7 @@ xdotool mousemove 5 5
 shot
 keep_shot pen-panel-dot
 box=$(not_white_box $((vx + 80)) $((vy + 55)) 40 40)
-read -r w h _ _ <<<"$(echo "$box" | tr 'x+' '  ')"
+read -r w h _ _ <<<"${box//[x+]/ }"
 [ -n "$box" ] && [ $w -le $((tw + 1)) ] && [ $h -le $((th + 1)) ] && [ $w -gt 2 ] ||
   fail "the dot pen's dab covers '$box', its tip is $tw x $th"
 
@@ -102,9 +87,7 @@ read -r w h _ _ <<<"$(echo "$box" | tr 'x+' '  ')"
 # stores the pen; back on the brushes, 1 brings the dot pen back and the
 # page shows its panel again.
 keys shift+1
-wait_for '"Now registered to \[1\]!"'
-dialog_keys Return
-wait_gone '"Now registered to \[1\]!"'
+answer '"Now registered to \[1\]!"' Return
 click_control 4 Button 103
 wait_for '^4 Button#103 "Dot Pens" '
 keys 1

@@ -2,10 +2,7 @@
 # else; Ctrl+Z makes the picture white again.
 . "$(dirname "$0")/../lib.sh"
 
-start_tesel
-new_document 200 150
-wait_for '^4 CanvWndDispClass#0 "" 200x150 '
-read -r vx vy _ _ <<<"$(view_rect)"
+open_picture 200 150
 paint_through "$((vx + 40)),$((vy + 40))" "$((vx + 160)),$((vy + 40))" "$((vx + 160)),$((vy + 110))"
 xdotool mousemove 5 5  # the pen's outline leaves with the pointer
 
@@ -14,7 +11,7 @@ xdotool mousemove 5 5  # the pen's outline leaves with the pointer
 along_path() {
   box=$(not_white_box $vx $vy 200 150)
   [ -n "$box" ] || return 1
-  read -r w h x y <<<"$(echo "$box" | tr 'x+' '  ')"
+  read -r w h x y <<<"${box//[x+]/ }"
   [ $x -ge 36 ] && [ $y -ge 36 ] && [ $((x + w)) -le 165 ] && [ $((y + h)) -le 115 ] &&
     [ $w -ge 120 ] && [ $h -ge 70 ]
 }

@@ -4,12 +4,13 @@
 
 undo_count_offset=364196
 restrain_offset=364200
+preference=$(dialog Preference)
 start_tesel
-keys alt+v Down Return
-wait_for '^0 #32770#0 "Preference"'
+view_menu 1
+wait_for "$preference"
 # The sheet stands in the middle of the frame.
-read -r sx sy sw sh <<<"$(screen_rect '^0 #32770#0 "Preference"')"
-read -r fx fy fw fh <<<"$(screen_rect '^0 da00#0 "Tesel')"
+read -r sx sy sw sh <<<"$(screen_rect "$preference")"
+read -r fx fy fw fh <<<"$(screen_rect "$MAIN_WINDOW")"
 dx=$((2 * sx + sw - 2 * fx - fw)) dy=$((2 * sy + sh - 2 * fy - fh))
 [ ${dx#-} -le 2 ] && [ ${dy#-} -le 2 ] ||
   fail "the sheet at $sx,$sy ${sw}x$sh is not centred on the frame at $fx,$fy ${fw}x$fh"
@@ -19,8 +20,7 @@ wait_for '^1 #32770#0 "Undo"'
 dialog_keys Tab
 type_text 7
 wait_for '^2 Edit#121 "7" '
-dialog_keys Tab space Return
-wait_gone '^0 #32770#0 "Preference"'
+answer "$preference" Tab space Return
 keys alt+F4
 wait_exit
 [ "$(word_at "$DIST/env__.env" $undo_count_offset)" -eq 7 ] || fail "undoCount was not saved as 7"

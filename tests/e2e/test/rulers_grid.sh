@@ -8,27 +8,19 @@ scale="240 240 240"
 black="0 0 0"
 white="255 255 255"
 
-view_menu() {
-  keys alt+v
-  for _ in $(seq "$1"); do dialog_keys Down; done
-  dialog_keys Return
-}
-
-start_tesel
-new_document 640 480
-wait_for '^4 CanvWndDispClass#0 "" 640x480 '
+open_picture 640 480
 view_menu 5  # Ruler
-wait_for '^3 hGageClass#19 "" 640x7 '
-wait_for '^3 vGageClass#20 "" 7x480 '
+wait_for "$H_RULER\"\" 640x7 "
+wait_for "$V_RULER\"\" 7x480 "
 view_menu 6  # Grid
-wait_for '^0 #32770#0 "Grid"'
+wait_for "$(dialog Grid)"
 [ "$(field 3101)x$(field 3102)" = 16x16 ] || fail "the dialog offers a pitch of $(field 3101)x$(field 3102)"
-dialog_keys Return
-wait_gone '^0 #32770#0 "Grid"'
+answer "$(dialog Grid)" Return
 
+# Where the parts stand with the rulers in.
 read -r vx vy _ _ <<<"$(view_rect)"
-read -r hx hy _ _ <<<"$(screen_rect '^3 hGageClass#19 ')"
-read -r rx ry _ _ <<<"$(screen_rect '^3 vGageClass#20 ')"
+read -r hx hy _ _ <<<"$(screen_rect "$H_RULER")"
+read -r rx ry _ _ <<<"$(screen_rect "$V_RULER")"
 
 # The pixels of each part, checked by $1: expect_pixel, which fails, or
 # pixel_is, which only answers (while waiting for the screen to settle,
@@ -84,5 +76,5 @@ all_pixels expect_pixel
 xdotool mousemove 5 5
 view_menu 6
 shot_until 10 no_grid_pixels pixel_is
-probe | grep -q '"Grid"' && fail "the dialog came up to turn the grid off"
+has_window '"Grid"' && fail "the dialog came up to turn the grid off"
 no_grid_pixels expect_pixel

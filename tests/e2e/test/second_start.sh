@@ -5,14 +5,12 @@
 
 start_tesel
 (cd "$DIST" && wine tesel.exe >>"$OUT/wine.log" 2>&1) &
-wait_for '"Double starting of Tesel is not possible!"'
-dialog_keys Return
-wait_gone '"Double starting of Tesel is not possible!"'
+answer '"Double starting of Tesel is not possible!"' Return
 [ "$(probe | grep -c '^0 da00#')" -eq 1 ] || fail "a second frame came up"
 
 (cd "$DIST" && timeout 20 wine tesel.exe 'C:\missing one.tsl' 'C:\missing two.tsl' >>"$OUT/wine.log" 2>&1) ||
   fail "the second start with files did not end by itself"
-probe | grep -q 'Double starting' && fail "the start with files was refused"
+has_window 'Double starting' && fail "the start with files was refused"
 [ "$(probe | grep -c '^0 da00#')" -eq 1 ] || fail "a second frame came up"
 kill -0 "$TESEL" 2>/dev/null || fail "the first instance ended on the drop"
 activate_frame

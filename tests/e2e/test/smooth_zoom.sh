@@ -4,10 +4,7 @@
 # and Shift+F2 again puts the picture back as it was.
 . "$(dirname "$0")/../lib.sh"
 
-start_tesel
-new_document 200 150
-wait_for '^4 CanvWndDispClass#0 "" 200x150 '
-read -r vx vy _ _ <<<"$(view_rect)"
+open_picture 200 150
 path=()
 for x in $(seq 20 10 180); do path+=("$((vx + x)),$((vy + 70))"); done
 drag "${path[@]}"
@@ -23,45 +20,44 @@ masked() {
 }
 view() { convert "$1" -crop "200x150+$vx+$vy" +repage "$2" && masked "$2" "$2"; }
 view "$SHOT.png" "$SHOT-before.png"
-# Screenshots until the view shows the picture given, for at most five
-# seconds; prints how many of its pixels differ in the last one.
-settles_to() {
-  local end=$((SECONDS + 5)) n
-  while :; do
-    shot
-    view "$SHOT.png" "$SHOT-view.png"
-    n=$(compare -metric AE "$1" "$SHOT-view.png" null: 2>&1 || true)
-    [ "$n" = 0 ] || [ $SECONDS -ge $end ] && break
+# Whether the last screenshot's view shows the picture given; differing
+# counts the pixels that don't.
+view_shows() {
+  view "$SHOT.png" "$SHOT-view.png"
+  differing=$(compare -metric AE "$1" "$SHOT-view.png" null: 2>&1 || true)
+  [ "$differing" = 0 ]
+}
+# The frame is 100 x 75 at (50, 37), drawn by inversion over white; $1 is
+# expect_pixel, which fails, or pixel_is, which only answers.
+frame_pixels() {
+  local at x y
+  for at in "50 60" "149 60" "80 37" "80 111"; do
+    read -r x y <<<"$at"
+    $1 $((vx + x)) $((vy + y)) "0 0 0" "the frame's edge at $x,$y" || return 1
   done
-  echo "$n"
+  $1 $((vx + 51)) $((vy + 60)) "255 255 255" "inside the frame" &&
+    $1 $((vx + 49)) $((vy + 60)) "255 255 255" "outside the frame"
 }
 
 keys shift+F2
-wait_for '^0 #32770#0 "Smooth Zoom"'
-dialog_keys Tab space Return  # the first row, not smoothed
-wait_gone '^0 #32770#0 "Smooth Zoom"'
-shot
+answer "$(dialog 'Smooth Zoom')" Tab space Return  # the first row, not smoothed
+shot_until 10 frame_pixels pixel_is
 keep_shot frame
-# The frame is 100 x 75 at (50, 37), drawn by inversion over white.
-for at in "50 60" "149 60" "80 37" "80 111"; do
-  read -r x y <<<"$at"
-  expect_pixel $((vx + x)) $((vy + y)) "0 0 0" "the frame's edge at $x,$y"
-done
-expect_pixel $((vx + 51)) $((vy + 60)) "255 255 255" "inside the frame"
-expect_pixel $((vx + 49)) $((vy + 60)) "255 255 255" "outside the frame"
+frame_pixels expect_pixel
 
 xdotool mousemove $((vx + leave_x)) $((vy + leave_y)) click 3
-sleep 0.5
+sleep 0.5  # the menu opens; the probe lists no menus
 dialog_keys s  # the menu's "Smooth Zoom"
 xdotool mousemove 5 5
 # Each pixel under the frame now fills 2 x 2 view pixels.
 convert "$SHOT-before.png" -crop 100x75+50+37 +repage -sample 200% "$SHOT-expected.png"
 masked "$SHOT-expected.png" "$SHOT-expected.png"
-n=$(settles_to "$SHOT-expected.png")
+shot_until 5 view_shows "$SHOT-expected.png"
 keep_shot entered
-[ "$n" = 0 ] || fail "$n pixels of the enlarged view differ from the frame's part doubled"
+view_shows "$SHOT-expected.png" ||
+  fail "$differing pixels of the enlarged view differ from the frame's part doubled"
 
 keys shift+F2
-n=$(settles_to "$SHOT-before.png")
+shot_until 5 view_shows "$SHOT-before.png"
 keep_shot left
-[ "$n" = 0 ] || fail "$n pixels differ from the picture before Smooth Zoom"
+view_shows "$SHOT-before.png" || fail "$differing pixels differ from the picture before Smooth Zoom"

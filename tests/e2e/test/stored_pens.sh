@@ -4,30 +4,21 @@
 # few pixels.
 . "$(dirname "$0")/../lib.sh"
 
-start_tesel
-new_document 200 150
-wait_for '^4 CanvWndDispClass#0 "" 200x150 '
+open_picture 200 150
 keys shift+3
-wait_for '"Now registered to \[3\]!"'
-dialog_keys Return
-wait_gone '"Now registered to \[3\]!"'
+answer '"Now registered to \[3\]!"' Return
 [ "$(stat -c %s "$DIST/pen03" 2>/dev/null)" = 200 ] || fail "no pen03 of 200 bytes beside the program"
 
 # Both radii, little-endian doubles at 10 and 18: 20.0 is 0x4034000000000000.
 printf '\0\0\0\0\0\0\x34\x40\0\0\0\0\0\0\x34\x40' |
   dd of="$DIST/pen03" bs=1 seek=10 conv=notrunc status=none
 keys 3
-
-read -r vx vy _ _ <<<"$(view_rect)"
-xdotool mousemove $((vx + 100)) $((vy + 75))
-xdotool keydown shift
-drag "$((vx + 100)),$((vy + 75))"
-xdotool keyup shift
+shift_drag "$((vx + 100)),$((vy + 75))"
 xdotool mousemove 5 5
 shot
 keep_shot stored-pen-dab
 box=$(not_white_box $vx $vy 200 150)
 [ -n "$box" ] || fail "no dab at all"
-read -r w h _ _ <<<"$(echo "$box" | tr 'x+' '  ')"
+read -r w h _ _ <<<"${box//[x+]/ }"
 [ $w -ge 30 ] && [ $w -le 42 ] && [ $h -ge 30 ] && [ $h -le 42 ] ||
   fail "the dab covers $box, not the 40 pixels of the stored pen"

@@ -3,26 +3,19 @@
 # has settled, with no tiles still missing and no grey patches.
 . "$(dirname "$0")/../lib.sh"
 
-start_tesel
-new_document 640 480
-wait_for '^4 CanvWndDispClass#0 "" 640x480 '
-read -r vx vy _ _ <<<"$(view_rect)"
+open_picture 640 480
 drag "$((vx + 80)),$((vy + 400))" "$((vx + 600)),$((vy + 420))"
 # The last stroke, which the undo takes away, in what the zoomed view shows.
 drag "$((vx + 60)),$((vy + 60))" "$((vx + 300)),$((vy + 200))" "$((vx + 560)),$((vy + 80))"
 # The grid of 16 goes over all the tiles of a repaint, so a view still
 # being painted lacks it where the picture is white.
-keys alt+v
-for _ in $(seq 6); do dialog_keys Down; done
-dialog_keys Return
-wait_for '^0 #32770#0 "Grid"'
-dialog_keys Return
-wait_gone '^0 #32770#0 "Grid"'
+view_menu 6
+answer "$(dialog Grid)" Return
 pointer_off_documents
 
 # The frame's client area at once, and again after a while. Where it stands
 # is asked first: the probe takes a while to start.
-read -r fx fy fw fh <<<"$(screen_rect '^3 CanvWndClass#9 ')"
+read -r fx fy fw fh <<<"$(screen_rect "$VIEW_FRAME")"
 frame_shot() {
   grab
   convert "$SHOT.png" -crop "$((fw - 20))x$((fh - 20))+$fx+$fy" +repage "$OUT/$1.png"

@@ -4,20 +4,12 @@
 # bottom edge to its bottom.
 . "$(dirname "$0")/../lib.sh"
 
-start_tesel
-new_document 640 480
-wait_for '^4 CanvWndDispClass#0 "" 640x480 '
-pointer_off_documents
-keys ctrl+t ctrl+t
-wait_for '^4 CanvWndDispClass#0 "" 1280x960 '
-read -r fx fy fw fh <<<"$(screen_rect '^3 CanvWndClass#9 ')"
+open_large_picture
 read -r _ vy _ _ <<<"$(view_rect)"
 mx=$((fx + fw / 2)) my=$((fy + fh / 2))
 
 keys shift+F2
-wait_for '^0 #32770#0 "Smooth Zoom"'
-dialog_keys Return
-wait_gone '^0 #32770#0 "Smooth Zoom"'
+answer "$(dialog 'Smooth Zoom')" Return
 
 # How far the view's right or bottom edge stands from its end, where the
 # picture's edge meets the window's with the margin and the scroll bar
@@ -29,13 +21,12 @@ at_end() { local gap; gap=$($1); [ ${gap#-} -le 2 ]; }
 # A press anywhere on the picture takes the frame along; the pointer goes
 # beyond an edge and is held there until the view has come to its end.
 hold_beyond() {
-  local end=$((SECONDS + 10))
   xdotool mousemove $mx $my mousedown 1
-  sleep 0.3
+  sleep 0.3  # the press is taken before the pointer moves
   xdotool mousemove "$1" "$2"
-  until at_end "$3" || [ $SECONDS -ge $end ]; do sleep 0.2; done
+  poll_until 10 at_end "$3" || true
   xdotool mouseup 1
-  sleep 0.3
+  sleep 0.3  # the release is taken before the view is read again
   at_end "$3" || fail "the view stands $($3) from its end ($3)"
 }
 

@@ -6,42 +6,28 @@
 
 bar=16  # about the width of Wine's scroll bars and their arrows
 
-start_tesel
-new_document 640 480
-wait_for '^4 CanvWndDispClass#0 "" 640x480 '
-pointer_off_documents
-keys ctrl+t ctrl+t
-wait_for '^4 CanvWndDispClass#0 "" 1280x960 '
-sleep 0.5
-place() { probe | sed -n 's/^4 CanvWndDispClass#0 "" 1280x960 @\(.*\),\(.*\)$/\1 \2/p'; }
+open_large_picture
+read -r x y _ _ <<<"$(view_rect)"
 # Clicks at a screen point and waits for the view to stand at x, y.
 click_until() {
   xdotool mousemove "$1" "$2" click 1
-  local end=$((SECONDS + 5))
-  until [ "$(place)" = "$3 $4" ]; do
-    [ $SECONDS -lt $end ] || fail "the view stands at $(place), not $3 $4"
-    sleep 0.2
-  done
+  wait_view_at "$3" "$4" "$5"
 }
-read -r fx fy fw fh <<<"$(screen_rect '^3 CanvWndClass#9 ')"
-read -r x y <<<"$(place)"
-
-click_until $((fx + fw - bar / 2)) $((fy + fh - bar - bar / 2)) $x $((y - 2))          # down arrow
-click_until $((fx + fw - bar - bar / 2)) $((fy + fh - bar / 2)) $((x - 2)) $((y - 2))   # right arrow
-click_until $((fx + fw - bar / 2)) $((fy + fh - 2 * bar - 4)) $((x - 2)) $((y - 22))    # trough
-click_until $((fx + fw - bar / 2)) $((fy + bar + 4)) $((x - 2)) $((y - 2))              # trough above
+click_until $((fx + fw - bar / 2)) $((fy + fh - bar - bar / 2)) $x $((y - 2)) "the down arrow"
+click_until $((fx + fw - bar - bar / 2)) $((fy + fh - bar / 2)) $((x - 2)) $((y - 2)) "the right arrow"
+click_until $((fx + fw - bar / 2)) $((fy + fh - 2 * bar - 4)) $((x - 2)) $((y - 22)) "the trough"
+click_until $((fx + fw - bar / 2)) $((fy + bar + 4)) $((x - 2)) $((y - 2)) "the trough above"
 
 # The thumb covers the middle of the track: the page is more than half
 # the range. It goes down to the arrow; beyond the bar a drag would
 # spring back.
-xdotool mousemove $((fx + fw - bar / 2)) $((fy + fh / 2 - bar / 2))
-sleep 0.3
+point_at $((fx + fw - bar / 2)) $((fy + fh / 2 - bar / 2))
 xdotool mousedown 1
 for d in 50 100 200 $((fh / 2 - bar - 4)); do
   sleep 0.2
   xdotool mousemove $((fx + fw - bar / 2)) $((fy + fh / 2 + d))
 done
-sleep 0.3
+sleep 0.3  # at rest before the release, as in drag
 xdotool mouseup 1
 xdotool mousemove 5 5
 shot

@@ -5,46 +5,30 @@
 # right (a page is ten lines, a line 3 view pixels at 300 %).
 . "$(dirname "$0")/../lib.sh"
 
-start_tesel
-new_document 640 480
-wait_for '^4 CanvWndDispClass#0 "" 640x480 '
-pointer_off_documents
-keys ctrl+t ctrl+t
-wait_for '^4 CanvWndDispClass#0 "" 1280x960 '
-read -r fx fy fw fh <<<"$(screen_rect '^3 CanvWndClass#9 ')"
+open_large_picture
 px=$((fx + fw / 3)) py=$((fy + fh / 3))
-xdotool mousemove $px $py
-sleep 0.3
+point_at $px $py
 read -r vx vy _ _ <<<"$(view_rect)"
 cx=$(((px - vx) / 2)) cy=$(((py - vy) / 2))  # the canvas pixel under the pointer
 
 xdotool click 4
-wait_for '^4 CanvWndDispClass#0 "" 1920x1440 ' 5
+wait_view 1920x1440 5
 read -r vx vy _ _ <<<"$(view_rect)"
 # The client area is the frame less a scroll bar of some 16 pixels.
 dx=$((vx + 3 * cx + 1 - fx - 8 - (fw - 16) / 2)) dy=$((vy + 3 * cy + 1 - fy - 8 - (fh - 16) / 2))
 [ ${dx#-} -le 3 ] && [ ${dy#-} -le 3 ] ||
   fail "pixel $cx,$cy stands $dx,$dy from the middle of the window after the zoom"
 
-# Each scroll moves the view by a page, and waits for it to stand there.
-scrolled_to() {
-  local end=$((SECONDS + 5)) x y
-  while :; do
-    read -r x y _ _ <<<"$(view_rect)"
-    [ "$x $y" = "$1 $2" ] && return
-    [ $SECONDS -lt $end ] || fail "the view stands at $x,$y, not $1,$2 ($3)"
-    sleep 0.2
-  done
-}
+# Each scroll moves the view by a page.
 xdotool keydown ctrl click 5 keyup ctrl
-scrolled_to $vx $((vy - 30)) "Ctrl and the wheel down"
+wait_view_at $vx $((vy - 30)) "Ctrl and the wheel down"
 xdotool keydown ctrl click 4 keyup ctrl
-scrolled_to $vx $vy "Ctrl and the wheel up"
+wait_view_at $vx $vy "Ctrl and the wheel up"
 xdotool keydown shift click 5 keyup shift
-scrolled_to $((vx - 30)) $vy "Shift and the wheel down"
+wait_view_at $((vx - 30)) $vy "Shift and the wheel down"
 xdotool keydown shift click 4 keyup shift
-scrolled_to $vx $vy "Shift and the wheel up"
+wait_view_at $vx $vy "Shift and the wheel up"
 
 xdotool click 5
-wait_for '^4 CanvWndDispClass#0 "" 1280x960 ' 5
-wait_for '^2 ZoomFieldClass#1 "200%" ' 5
+wait_view 1280x960 5
+wait_readout 200%

@@ -3,22 +3,20 @@
 # the status bar's read-out names the zoom on white, yellow or cyan.
 . "$(dirname "$0")/../lib.sh"
 
-start_tesel
-new_document 64 48
-wait_for '^4 CanvWndDispClass#0 "" 64x48 '
+open_picture 64 48
 pointer_off_documents  # a zoom keeps the middle of the window
 
+# The view at a zoom step.
+wait_step() { wait_view "$(zoomed "$1" 64)x$(zoomed "$1" 48)" 5; }
 # The view's size at a step, and its pixels: white inside as far as the
 # frame shows it; where it stands inside the frame, the margin around it
 # has one colour that isn't white.
 check_view() {
-  local step=$1 width height
-  width=$(zoomed "$step" 64)
-  height=$(zoomed "$step" 48)
-  wait_for "^4 CanvWndDispClass#0 \"\" ${width}x${height} " 5
+  local step=$1
+  wait_step "$step"
   shot
   read -r vx vy vw vh <<<"$(view_rect)"
-  read -r fx fy fw fh <<<"$(screen_rect '^3 CanvWndClass#9 ')"
+  read -r fx fy fw fh <<<"$(screen_rect "$VIEW_FRAME")"
   # The frame's client area, less its scroll bars.
   local right=$((fx + fw - 18)) bottom=$((fy + fh - 18))
   local x0=$((vx > fx ? vx : fx)) y0=$((vy > fy ? vy : fy))
@@ -42,8 +40,8 @@ check_view() {
 
 # The read-out's text, and its colour beside the text.
 check_readout() {
-  wait_for "^2 ZoomFieldClass#1 \"$1\" " 5
-  read -r rx ry _ _ <<<"$(screen_rect '^2 ZoomFieldClass#1 ')"
+  wait_readout "$1"
+  read -r rx ry _ _ <<<"$(screen_rect "$ZOOM_FIELD")"
   expect_pixel $((rx + 2)) $((ry + 2)) "$2" "the read-out of $1"
 }
 
@@ -57,7 +55,7 @@ check_readout "1000%" "255 255 100"
 keep_shot zoom-1000
 for step in $(seq 9 -1 -3); do
   keys ctrl+d
-  wait_for "^4 CanvWndDispClass#0 \"\" $(zoomed "$step" 64)x$(zoomed "$step" 48) " 5
+  wait_step "$step"
 done
 check_view -3
 check_readout "25%" "100 255 255"
@@ -69,5 +67,5 @@ check_readout "100%" "255 255 255"
 
 # With the last document closed (Window > Close All) the read-out goes.
 keys alt+w Down Down Down Return
-wait_gone '^2 CanvClass#'
-wait_gone '^2 ZoomFieldClass#1 '
+wait_gone "$DOCUMENT"
+wait_gone "$ZOOM_FIELD"

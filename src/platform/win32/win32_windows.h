@@ -1,0 +1,44 @@
+// What every win/ folder needs of Win32 to make its windows: the module
+// that holds the program's resources, window classes, and modal dialogs
+// with OK and Cancel.
+#pragma once
+
+#include <windows.h>
+
+#include <functional>
+
+namespace win32 {
+
+// The module that holds the program's classes, resources and dialogs.
+HINSTANCE ProgramInstance();
+
+// A window class of the program. The cursor is the arrow unless named.
+struct WindowClass {
+  const wchar_t* name;
+  WNDPROC proc;
+  HBRUSH background = nullptr;  // none: the window paints all of itself
+  UINT style = 0;
+  int windowBytes = 0;  // cbWndExtra
+  HCURSOR cursor = nullptr;
+  HICON icon = nullptr;
+};
+
+// Registers the class; a class of that name that exists already (a second
+// panel made after the first) counts as registered.
+bool RegisterWindowClass(const WindowClass& windowClass);
+
+// A modal dialog from the program's resources. `init` fills it; `command`
+// takes its controls' WM_COMMAND (control id and notification code) and
+// answers whether it handled one. OK asks `accept`, which reads the fields
+// and answers whether the dialog may close (after telling what is wrong);
+// Cancel and Esc close it. Any member may be empty.
+struct Dialog {
+  std::function<void(HWND dialog)> init;
+  std::function<bool(HWND dialog)> accept;
+  std::function<bool(HWND dialog, int control, int notification)> command;
+};
+
+// Runs it owned by `owner`; true when it closed with OK.
+bool RunDialog(const wchar_t* name, HWND owner, const Dialog& dialog);
+
+}  // namespace win32
