@@ -6,7 +6,6 @@
 #include "display/smooth_zoom.h"
 
 namespace {
-constexpr SmoothZoomChoice kNoChoice{0, 0, 1, 1, 0, 0};
 }  // namespace
 
 SmoothZoomChoice smoothZoomChoice = kNoChoice;

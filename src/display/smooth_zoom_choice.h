@@ -30,6 +30,7 @@ struct SmoothZoomChoice {
   int left, top, width, height;
   int factor, smooth;
 };
+constexpr SmoothZoomChoice kNoChoice{0, 0, 1, 1, 0, 0};
 extern SmoothZoomChoice smoothZoomChoice;
 
 // The dialog's answer makes the rectangle: canvasWidth / factor by

@@ -17,14 +17,14 @@
 #include "pixel/vector_paths.h"
 #include "platform/headless/headless.h"
 #include "settings/settings.h"
+#include "support/fixture.h"
 
 enum class Fill { Random, Edges, Constant };
 
-class ComposeTest : public ::testing::TestWithParam<bool> {
+class ComposeTest : public TeselTest, public ::testing::WithParamInterface<bool> {
  protected:
   void SetUp() override {
-    headless::Reset();
-    std::memset(&settings, 0, sizeof settings);
+    TeselTest::SetUp();
     settings.backgroundRed = 200;
     settings.backgroundGreen = 120;
     settings.backgroundBlue = 41;
@@ -34,7 +34,7 @@ class ComposeTest : public ::testing::TestWithParam<bool> {
   void TearDown() override {
     for (PlaneSlot& slot : canvas->planes) PlaneStore.FreePlane(&slot.plane);
     PlaneStore.FreePlane(&canvas->selectionPlane);
-    UseVectorPaths(true);
+    TeselTest::TearDown();
   }
 
  public:

@@ -1,5 +1,6 @@
 // The Grid command: off when on, else the dialog's pitch and snap on OK.
 #include "display/grid_command.h"
+#include "support/fixture.h"
 
 #include <gtest/gtest.h>
 
@@ -7,9 +8,10 @@
 
 namespace {
 
-class GridCommandTest : public ::testing::Test {
+class GridCommandTest : public TeselTest {
  protected:
   void SetUp() override {
+    TeselTest::SetUp();
     canvas.gridX = canvas.gridY = 16;  // as a new canvas has them
     gridDialog = [this](GridChoice* choice) {
       offered.push_back(*choice);
@@ -17,7 +19,6 @@ class GridCommandTest : public ::testing::Test {
       return ok;
     };
   }
-  void TearDown() override { gridDialog = nullptr; }
   auto Grid() const {
     return std::make_tuple(canvas.gridOn, canvas.gridX, canvas.gridY, canvas.gridSnap);
   }

@@ -17,18 +17,15 @@
 #include "document/canvas_request.h"
 #include "platform/headless/headless.h"
 #include "settings/settings.h"
+#include "support/fixture.h"
 
 using Rgb = std::array<uint8_t, 3>;  // blue, green, red as stored
 
-class ViewTest : public ::testing::Test {
+class ViewTest : public TeselTest {
  protected:
   void SetUp() override {
-    headless::Reset();
-    std::memset(&settings, 0, sizeof settings);
-    settings.imageBuffer = Physical;
+    TeselTest::SetUp();
     settings.workBuffer = Physical;
-    viewWindows = ViewWindows{};
-    pointerRoutes = PointerRoutes{};
     viewWindows.pointer = [this](Canvas*) {
       if (script.size() > 1) {
         PointerState next = script.front();
@@ -39,22 +36,12 @@ class ViewTest : public ::testing::Test {
     };
     viewWindows.buttonHeld = [this](PointerButton) { return held > 0 && held--; };
   }
-  void TearDown() override {
-    for (auto& canvas : canvases) CanvasManager.FreeCanvasPlanes(canvas.get());
-  }
-  Canvas* MakeBlank(int width, int height) {
-    RequestBlankCanvas(width, height, 96);
-    Canvas* canvas = canvases.emplace_back(std::make_unique<Canvas>()).get();
-    EXPECT_EQ(CanvasManager.MakeCanvas(canvas, nullptr), 1);
-    return canvas;
-  }
   // The pointer stands at each of these in turn (the last one stays), in
   // view pixels; the screen position follows it.
   void PointerAt(std::initializer_list<std::array<int, 2>> points) {
     for (const auto& p : points) script.push_back({p[0], p[1], p[0], p[1], 1});
   }
 
-  std::vector<std::unique_ptr<Canvas>> canvases;
   std::deque<PointerState> script;
   int held = 0;  // polls of the button that find it down
 };

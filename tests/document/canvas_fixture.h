@@ -1,5 +1,4 @@
-// Shared set-up of the canvas tests: a clean seam, zeroed settings with
-// flat planes, and canvases that are freed after each test.
+// Shared set-up of the canvas tests: the base fixture, and pixel helpers.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -14,27 +13,9 @@
 #include "document/canvas_request.h"
 #include "platform/headless/headless.h"
 #include "settings/settings.h"
+#include "support/fixture.h"
 
-class CanvasTest : public ::testing::Test {
- protected:
-  void SetUp() override {
-    headless::Reset();
-    std::memset(&settings, 0, sizeof settings);
-    settings.imageBuffer = Physical;
-  }
-  void TearDown() override {
-    for (auto& canvas : canvases) CanvasManager.FreeCanvasPlanes(canvas.get());
-  }
-  Canvas* NewRecord() { return canvases.emplace_back(std::make_unique<Canvas>()).get(); }
-  // A canvas as the New command makes it.
-  Canvas* MakeBlank(int width, int height) {
-    RequestBlankCanvas(width, height, 96);
-    Canvas* canvas = NewRecord();
-    EXPECT_EQ(1, CanvasManager.MakeCanvas(canvas, nullptr));
-    return canvas;
-  }
-  std::vector<std::unique_ptr<Canvas>> canvases;
-};
+using CanvasTest = TeselTest;
 
 using Rgb = std::array<uint32_t, 3>;
 

@@ -23,6 +23,7 @@
 #include "platform/headless/headless.h"
 #include "store/plane_store.h"
 #include "support/pixel_reference.h"
+#include "support/fixture.h"
 
 namespace pentest {
 
@@ -55,15 +56,12 @@ inline void Put(Plane* plane, const Image& image) {
                         &image.bytes[size_t(y) * image.width * image.bpp]);
 }
 
-class PenModeTest : public ::testing::Test {
+class PenModeTest : public TeselTest {
  protected:
   static constexpr int kWidth = 16, kHeight = 12;
 
   void SetUp() override {
-    headless::Reset();
-    ResetPen();
-    ResetPenModes();
-    dabCount = 0;
+    TeselTest::SetUp();
     canvas = std::make_unique<Canvas>();
     canvas->canvasWidth = kWidth;
     canvas->canvasHeight = kHeight;
@@ -74,8 +72,7 @@ class PenModeTest : public ::testing::Test {
       PlaneStore.FreePlane(&slot.accuracyPlane);
     }
     PlaneStore.FreePlane(&canvas->selectionPlane);
-    ResetPenModes();
-    ResetPen();
+    TeselTest::TearDown();
   }
 
   // A plane at slot index of layer 0, whose eight slots take the geometry,

@@ -11,6 +11,7 @@
 #include "platform/headless/headless.h"
 #include "settings/default_settings.h"
 #include "settings/settings.h"
+#include "support/fixture.h"
 
 namespace {
 
@@ -28,15 +29,7 @@ Words Loaded(std::initializer_list<int32_t> words) {
   return Pen();
 }
 
-class PenStateTest : public ::testing::Test {
- protected:
-  void SetUp() override {
-    headless::Reset();
-    std::memset(&settings, 0, sizeof settings);
-    ResetPen();
-  }
-  void TearDown() override { ResetPen(); }
-};
+using PenStateTest = TeselTest;
 
 TEST_F(PenStateTest, RoundTripKeepsThePenAndClearsTheRest) {
   settings.toolState[77] = 99;

@@ -28,6 +28,7 @@
 #include "paint/tip.h"
 #include "platform/headless/headless.h"
 #include "settings/settings.h"
+#include "support/fixture.h"
 
 namespace stroketest {
 
@@ -51,37 +52,14 @@ using Keys = std::vector<int>;
 inline const Keys kLeft{platform::VkLeftButton};
 inline const Keys kRight{platform::VkRightButton};
 
-class StrokeTest : public ::testing::Test {
+class StrokeTest : public TeselTest {
  protected:
   void SetUp() override {
-    headless::Reset();
-    std::memset(&settings, 0, sizeof settings);
-    settings.imageBuffer = settings.workBuffer = Physical;
+    TeselTest::SetUp();
+    settings.workBuffer = Physical;
     settings.positionSmoothing = 1;
     settings.undoCount = 5;
-    StrokeEngine.Reset();
-    ResetPen();
-    ResetPenModes();
-    UndoHistory.Reset();
-    pointerRoutes = PointerRoutes{};
-    viewWindows = ViewWindows{};
-    strokeWindows = StrokeWindows{};
-    penOutline = PenOutlineState{};
-    tabletLink = TabletLink{};
-    dabCount = 0;
     recordedDabs.clear();
-  }
-  void TearDown() override {
-    UndoHistory.Reset();
-    ResetPenModes();
-    ResetPen();
-    for (auto& canvas : canvases) CanvasManager.FreeCanvasPlanes(canvas.get());
-  }
-  Canvas* MakeBlank(int width, int height) {
-    RequestBlankCanvas(width, height, 96);
-    Canvas* canvas = canvases.emplace_back(std::make_unique<Canvas>()).get();
-    EXPECT_EQ(CanvasManager.MakeCanvas(canvas, nullptr), 1);
-    return canvas;
   }
   // A round soft tip of the radius, its dabs recorded.
   static void RecordingPen(double radius) {
@@ -107,7 +85,6 @@ class StrokeTest : public ::testing::Test {
     return {e.left, e.top, e.right, e.bottom};
   }
 
-  std::vector<std::unique_ptr<Canvas>> canvases;
 };
 
 // The walker as it reads: steps of 0.1 along the longer axis from the start

@@ -16,6 +16,7 @@
 #include "paint/tip.h"
 #include "platform/headless/headless.h"
 #include "store/plane_store.h"
+#include "support/fixture.h"
 
 namespace tiptest {
 
@@ -54,16 +55,12 @@ struct ScratchFolder {
 
 inline ScratchFolder scratch;
 
-class PenTest : public ::testing::Test {
+class PenTest : public TeselTest {
  protected:
   void SetUp() override {
-    headless::Reset();
-    ResetPen();
-    PenDataList.Reset();
-    dabCount = 0;
+    TeselTest::SetUp();
     scratch.Renew();
   }
-  void TearDown() override { ResetPen(); }
   // The generated tip of a shape and radii.
   static void Build(int shape, double rx, double ry) {
     pen.tipShape = shape;

@@ -9,6 +9,7 @@
 #include "paint/stroke_engine.h"
 #include "platform/headless/headless.h"
 #include "shell/key_polling.h"
+#include "support/fixture.h"
 
 namespace {
 
@@ -16,14 +17,11 @@ using Log = std::vector<std::string>;
 
 // The windows of a tick played by a recorder: keys held in a set, each
 // call logged. A pause lets go of every key once `pausesHeld` have passed.
-class KeyPolling : public ::testing::Test {
+class KeyPolling : public TeselTest {
  protected:
   void SetUp() override {
-    headless::Reset();
-    StrokeEngine.Reset();
-    appActive = 1;
+    TeselTest::SetUp();
     canvas->documentWnd = &document;
-    SetActiveCanvas(nullptr);
     keyPollWindows.keyDown = [this](int key) { return held.count(key) > 0; };
     keyPollWindows.modalDialogActive = [this] { return modal; };
     keyPollWindows.dropKeyMessages = [this] { log.push_back("drop"); };
@@ -38,11 +36,6 @@ class KeyPolling : public ::testing::Test {
     keyPollWindows.paintNow = [this](WindowHandle to) {
       log.push_back(to == &document ? "paint doc" : "paint other");
     };
-  }
-  void TearDown() override {
-    keyPollWindows = {};
-    SetActiveCanvas(nullptr);
-    StrokeEngine.Reset();
   }
   Log Tick() {
     log.clear();

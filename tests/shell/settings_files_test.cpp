@@ -12,6 +12,7 @@
 #include "shell/file_history.h"
 #include "support/temp_folder.h"
 #include "shell/tool_bar_table.h"
+#include "support/fixture.h"
 
 namespace {
 
@@ -61,11 +62,12 @@ void ExpectToolBar(bool (*shown)(int row)) {
   for (int row = 0; row < kToolRows; ++row) EXPECT_EQ(shown(row), toolItems[row].shown != 0) << row;
 }
 
-class SettingsFilesTest : public ::testing::Test {
+class SettingsFilesTest : public TeselTest {
  protected:
+  // The record all zero, as before any file is read.
   void SetUp() override {
-    headless::Reset();
-    std::memset(&settings, 0, sizeof settings);
+    TeselTest::SetUp();
+    ResetSettings();
   }
   TempFolder folder;
 };

@@ -20,19 +20,12 @@
 #include "shell/frame_geometry.h"
 #include "shell/shell_windows.h"
 #include "shell/tool_change.h"
+#include "support/fixture.h"
 
-class ShellTest : public ::testing::Test {
+class ShellTest : public TeselTest {
  protected:
   void SetUp() override {
-    headless::Reset();
-    std::memset(&settings, 0, sizeof settings);
-    settings.imageBuffer = Physical;
-    std::memset(fileHistory, 0, sizeof fileHistory);
-    ResetCommandRouting();
-    ResetToolState();
-    ResetCascade();
-    SetActiveCanvas(nullptr);
-    shellWindows = {};
+    TeselTest::SetUp();
     shellWindows.activeDocument = [] { return static_cast<WindowHandle>(ActiveCanvas()); };
     shellWindows.sendCommand = [](WindowHandle document, int id, intptr_t lParam) {
       CanvasCommand(static_cast<Canvas*>(document), id, lParam);
@@ -48,6 +41,7 @@ class ShellTest : public ::testing::Test {
   }
   void TearDown() override {
     while (!open.empty()) Close(open.back());
+    TeselTest::TearDown();
   }
 
   // A document window as the frame makes it from CanvasRequest, activated.

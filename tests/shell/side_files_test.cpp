@@ -8,12 +8,12 @@
 #include "settings/side_path.h"
 #include "shell/file_history.h"
 #include "support/temp_folder.h"
+#include "support/fixture.h"
 
 namespace {
 
-class SideFilesTest : public ::testing::Test {
+class SideFilesTest : public TeselTest {
  protected:
-  void SetUp() override { headless::Reset(); }
   TempFolder folder;
 };
 

@@ -11,6 +11,7 @@
 #include "platform/headless/headless.h"
 #include "settings/settings.h"
 #include "store/plane_store.h"
+#include "support/fixture.h"
 
 namespace storetest {
 
@@ -71,16 +72,16 @@ inline Pixels PixelsOf(Plane* plane) {
 }
 
 // New work planes are Physical unless a kind test says otherwise.
-class StoreTest : public testing::Test {
+class StoreTest : public TeselTest {
  protected:
   void SetUp() override {
-    headless::Reset();
-    PlaneStore.Reset();
+    TeselTest::SetUp();
     settings.workBuffer = Physical;
   }
   void TearDown() override {
     for (Plane*& plane : testPlanes) PlaneStore.FreePlane(&plane);
     testPlanes.clear();
+    TeselTest::TearDown();
   }
 };
 

@@ -1,0 +1,5 @@
+#include "store/reset.h"
+
+#include "store/plane_store.h"
+
+void ResetStore() { PlaneStore.Reset(); }
