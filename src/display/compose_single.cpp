@@ -4,13 +4,14 @@
 #include "display/compose_modes.h"
 #include "display/compose_rows.h"
 #include "display/layer_coverage.h"
+#include "document/canvas_rows.h"
 #include "pixel/mix_rows.h"
 #include "pixel/mul_table.h"
 
 namespace {
 
 const PlaneSlot* ActiveLayer(const Canvas* canvas) {
-  return &canvas->planes[canvas->activePlane - PositionOf(canvas->activePlane)];
+  return &canvas->planes[ActiveLayerBase(canvas)];
 }
 
 // The active plane's row over the part of the request in its layer, into the

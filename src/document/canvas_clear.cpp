@@ -3,6 +3,7 @@
 #include <vector>
 
 #include "document/canvas_manager.h"
+#include "document/canvas_rows.h"
 #include "document/canvas_slots.h"
 
 namespace {
@@ -51,7 +52,7 @@ int CanvasManagerObject::BlankSheet(Canvas* canvas, BlankSheetKind kind, Plane* 
 }
 
 int CanvasManagerObject::ClearPlane(Canvas* canvas) {
-  if (PositionOf(canvas->activePlane) == kImagePosition) return 0;
+  if (ActiveIsImage(canvas)) return 0;
   const PlaneSlot& slot = canvas->planes[canvas->activePlane];
   return FillIfPresent(slot.plane, slot.planeFlags[kFlagLineDraw] ? 255 : 0);
 }

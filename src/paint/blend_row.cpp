@@ -8,6 +8,8 @@
 #include "paint/pen_rows.h"
 #include "paint/protection.h"
 
+PenRowsObject PenRows;
+
 namespace {
 
 uint8_t selectionRow[kPenRowPixels];

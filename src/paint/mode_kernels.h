@@ -6,6 +6,7 @@
 #include <cstdint>
 
 #include "document/canvas.h"
+#include "document/canvas_rows.h"
 #include "paint/pen_rows.h"
 
 struct ModeRows {
@@ -37,7 +38,7 @@ extern PenReadRow readRows[3];
 
 // Kind 1 on an image plane, else 0: what the sampling modes ask for.
 inline int KindOnPlane(const Canvas* canvas) {
-  return PositionOf(canvas->activePlane) == kImagePosition ? 1 : 0;
+  return ActiveIsImage(canvas) ? 1 : 0;
 }
 
 // Protection 255 over the row with a plain mix: the plane stays as it is.

@@ -15,24 +15,6 @@
 #include "platform/platform.h"
 #include "settings/settings.h"
 
-namespace {
-
-// Dabbing in place reads and writes the same rows again and again, so the
-// planes of the layer keep more rows at hand for the stroke.
-void LayerRowCaches(Canvas* canvas, bool wide) {
-  const int base = ActiveLayerBase(canvas);
-  for (int position = 0; position < kPlanesPerLayer; ++position) {
-    Plane* plane = canvas->planes[base + position].plane;
-    if (!plane) continue;
-    if (wide)
-      PlaneStore.WidenRowCache(plane);
-    else
-      PlaneStore.NarrowRowCache(plane);
-  }
-}
-
-}  // namespace
-
 int RunFreehandStroke(Canvas* canvas, int, int, int rightButton) {
   const double spacing = StrokeSpacing();
   int first = 1;
@@ -41,7 +23,7 @@ int RunFreehandStroke(Canvas* canvas, int, int, int rightButton) {
   const bool singleShot = SingleShotHeld();
   // Only the Clone pen's outline moves with the stroke: it shows the source.
   const bool clone = pen.mode == kModeClone;
-  LayerRowCaches(canvas, true);
+  SetLayerRowCaches(canvas, true);
 
   for (;;) {
     platform::DrainPointerMessages();
@@ -61,7 +43,7 @@ int RunFreehandStroke(Canvas* canvas, int, int, int rightButton) {
     if (singleShot) break;
   }
 
-  LayerRowCaches(canvas, false);
+  SetLayerRowCaches(canvas, false);
   if (clone) ShowPenOutline(canvas);
   EndStroke(canvas);
   if (!settings.restrainUndoDuringFreehand) RecordStrokeUndo(canvas, box);

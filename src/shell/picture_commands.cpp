@@ -1,6 +1,7 @@
 // Whole-plane operations of the active layer, each after its question, and
 // the two test commands of the row cache.
 #include "document/canvas_manager.h"
+#include "document/canvas_rows.h"
 #include "platform/platform.h"
 #include "resources/strings.h"
 #include "shell/canvas_command_groups.h"
@@ -20,7 +21,7 @@ bool Confirmed(int question) {
 // Blank Sheet asks how to clear an image plane, and asks before clearing
 // any other plane.
 int BlankSheet(Canvas* canvas) {
-  if (PositionOf(canvas->activePlane) != kImagePosition)
+  if (!ActiveIsImage(canvas))
     return Confirmed(kAskClearPlane) && CanvasManager.ClearPlane(canvas);
   if (!shellWindows.blankSheetDialog) return 0;
   BlankSheetChoice choice;
@@ -45,19 +46,12 @@ int ClearingCommand(Canvas* canvas, int id) {
   }
 }
 
-// The planes of the active layer get the wide or the narrow row cache.
+// The row caches of the active layer, wide or narrow, announced as the
+// command does.
 void SetRowCache(Canvas* canvas, bool wide) {
   platform::ShowMessageBox(platform::Window::Frame, wide ? "キャッシュOn" : "キャッシュOff", "test",
                            platform::MbOk);
-  PlaneSlot* slots = &canvas->planes[SlotIndex(LayerOf(canvas->activePlane), 0)];
-  for (int position = 0; position < kPlanesPerLayer; ++position) {
-    Plane* plane = slots[position].plane;
-    if (!plane) continue;
-    if (wide)
-      PlaneStore.WidenRowCache(plane);
-    else
-      PlaneStore.NarrowRowCache(plane);
-  }
+  SetLayerRowCaches(canvas, wide);
 }
 
 }  // namespace

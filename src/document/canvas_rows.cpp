@@ -1,9 +1,7 @@
-#include "paint/pen_rows.h"
+#include "document/canvas_rows.h"
 
 #include <algorithm>
 #include <cstring>
-
-PenRowsObject PenRows;
 
 namespace {
 
@@ -147,4 +145,16 @@ void PrefetchRowStarts(Canvas* canvas, int y0, int n, int x0) {
     starts(slots[position], slots[position].plane);
   const PlaneSlot& active = ActiveSlot(canvas);
   starts(active, active.accuracyPlane);
+}
+
+void SetLayerRowCaches(Canvas* canvas, bool wide) {
+  const PlaneSlot* slots = &canvas->planes[ActiveLayerBase(canvas)];
+  for (int position = 0; position < kPlanesPerLayer; ++position) {
+    Plane* plane = slots[position].plane;
+    if (!plane) continue;
+    if (wide)
+      PlaneStore.WidenRowCache(plane);
+    else
+      PlaneStore.NarrowRowCache(plane);
+  }
 }
