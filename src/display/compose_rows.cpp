@@ -5,6 +5,7 @@
 #include <cstring>
 #include <new>
 
+#include "base/limits.h"
 #include "settings/settings.h"
 
 ComposeRowBuffers composeRows;
@@ -39,7 +40,7 @@ uint8_t Channel(int32_t value) { return static_cast<uint8_t>(std::clamp(value, 0
 
 bool EnsureComposeRows(int64_t pixels) {
   // Always room for the widest canvas row, so most requests never grow them.
-  pixels = std::max<int64_t>(pixels, 10240);
+  pixels = std::max<int64_t>(pixels, kMaxCanvasSide);
   if (pixels <= composeRows.pixels) return true;
   if (!Grow(composeRows.sources, kLayerBatch * 3 * pixels) ||
       !Grow(composeRows.coverages, kLayerBatch * pixels) || !Grow(composeRows.plane, pixels))

@@ -1,5 +1,6 @@
 #include "display/pointer_routing.h"
 
+#include "base/command_ids.h"
 #include "display/pick_layer.h"
 #include "display/pointer_gestures.h"
 #include "display/rulers.h"
@@ -44,9 +45,9 @@ void CallIfSet(const std::function<void(Canvas*)>& route, Canvas* canvas) {
 
 ToolRoute ToolRouteOf(int tool) {
   switch (tool) {
-    case kToolPen:
+    case cmd::kFreeHandConnect:
       return ToolRoute::PenStroke;
-    case kToolPlainPen:
+    case cmd::kFreeHand:
       return ToolRoute::PlainStroke;
     case 14001:
     case 14003:

@@ -19,8 +19,6 @@ struct PointerPress {
   int screenX = 0, screenY = 0;
 };
 
-constexpr int kToolPen = 20005;
-constexpr int kToolPlainPen = 20000;
 constexpr int kPenModeClone = 7;
 // The clone offset stands below this while no clone source is set.
 constexpr int kNoCloneSource = -1000;

@@ -4,10 +4,12 @@
 
 #include <string>
 
+#include "base/limits.h"
+
 enum class LengthUnit { Millimetres, Inches };
 
 constexpr int kMinNewPixels = 1;
-constexpr int kMaxNewPixels = 10240;
+constexpr int kMaxNewPixels = kMaxCanvasSide;
 constexpr int kMinDpi = 1;
 constexpr int kMaxDpi = 5000;
 constexpr int kDefaultDpi = 96;

@@ -3,6 +3,7 @@
 #include <cstdlib>
 #include <cstring>
 
+#include "base/current_tool.h"
 #include "document/canvas_slots.h"
 #include "paint/dab_count.h"
 #include "paint/pen_rows.h"
@@ -11,13 +12,10 @@
 
 int32_t colorMaskChoice = 0;
 int32_t colorMaskVagueness = 0;
-int32_t penTool = 20005;
 
 namespace {
 
 enum : int32_t { kMaskNone, kMaskStart, kMaskUpperLeft, kMaskWhite, kMaskBlack };
-constexpr int32_t kToolFreehand = 20000;
-constexpr int32_t kToolFreehandConnect = 20005;
 
 Plane* maskMap = nullptr;
 uint8_t colorRow[kPenRowPixels * 3];
@@ -76,9 +74,10 @@ void MakeMap(Canvas* canvas, int centreX, int centreY) {
 
 }  // namespace
 
+// The colour mask works for the two freehand tools only.
 bool ColorMaskActive() {
   return colorMaskChoice != kMaskNone &&
-         (penTool == kToolFreehand || penTool == kToolFreehandConnect);
+         (currentTool == cmd::kFreeHand || currentTool == cmd::kFreeHandConnect);
 }
 
 void ApplyColorMask(Canvas* canvas, uint8_t* protectRow, int y, int x0, int x1, int centreX,

@@ -11,11 +11,6 @@
 extern int32_t colorMaskChoice;
 // The "Vagueness" slider, 0..100: how far each channel may be from the key.
 extern int32_t colorMaskVagueness;
-// The tool in use, as the paint level sees it; the shell keeps it equal to
-// currentTool. The colour mask works for FreeHand (20000) and
-// FreeHand(connect) (20005) only.
-extern int32_t penTool;
-
 // Ors the colour mask into protectRow for canvas columns x0..x1 of row y,
 // making the map at the first row of a stroke's first dab. The box centre
 // gives the key of choice 1.

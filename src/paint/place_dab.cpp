@@ -33,7 +33,6 @@ void ResetPenModes() {
   speedDelay = 0;
   colorMaskChoice = 0;
   colorMaskVagueness = 0;
-  penTool = 20005;
   disableMask = maskOutsideSelection = fillInProgress = protectTransparency = 0;
   gradientRowSource = nullptr;
   toneRowFilter = nullptr;

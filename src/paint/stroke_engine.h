@@ -13,8 +13,6 @@
 #include "paint/pen_record.h"
 
 // Tools that paint with the stroke loops.
-constexpr int kToolFreeHandConnect = 20005;
-constexpr int kToolFreeHand = 20000;
 
 // A recorded tablet sample, 16 bytes as the replay reads them.
 struct StrokeSample {

@@ -1,5 +1,6 @@
 #include "paint/stroke_routes.h"
 
+#include "base/current_tool.h"
 #include "display/pointer_routing.h"
 #include "display/view_paint.h"
 #include "paint/color_mask.h"
@@ -28,7 +29,9 @@ int Stroke(Canvas* canvas, int connecting, int rightButton) {
                     : RunFreehandStroke(canvas, 0, 0, rightButton);
 }
 
-bool OnPenTool() { return penTool == kToolFreeHandConnect || penTool == kToolFreeHand; }
+bool OnPenTool() {
+  return currentTool == cmd::kFreeHandConnect || currentTool == cmd::kFreeHand;
+}
 
 }  // namespace
 
@@ -40,7 +43,7 @@ void InstallStrokeEngine() {
   // The right button runs the loop the left one would, restoring from the
   // Undo Pen's snapshot; with the Dropper chosen it declines.
   pointerRoutes.strokeSecondForm = [](Canvas* canvas) {
-    const int connecting = penTool == kToolFreeHandConnect && ModeConnects(pen.mode);
+    const int connecting = currentTool == cmd::kFreeHandConnect && ModeConnects(pen.mode);
     return Stroke(canvas, connecting, 1);
   };
   pointerRoutes.colourPicker = RunDropper;

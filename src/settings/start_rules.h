@@ -2,6 +2,7 @@
 // uses it: every clamp and every value forced at start.
 #pragma once
 
+#include "base/limits.h"
 #include "settings/settings.h"
 
 // The limits a record read from disk is brought within.
@@ -13,7 +14,7 @@ constexpr int kMaxPenStrength = 200;
 constexpr int kMinSize40to600 = 40;
 constexpr int kMaxSize40to600 = 600;
 constexpr int kMinNewSide = 10;
-constexpr int kMaxNewSide = 10240;
+constexpr int kMaxNewSide = kMaxCanvasSide;
 constexpr int kFallbackNewWidth = 640;
 constexpr int kFallbackNewHeight = 480;
 

@@ -1,7 +1,7 @@
 // The document's handler: view commands, whole-plane operations, and the
 // commands of other subsystems through their registered handlers.
 #include "shell/canvas_command_groups.h"
-#include "shell/command_registry.h"
+#include "base/command_registry.h"
 #include "shell/command_routing.h"
 
 namespace {

@@ -1,6 +1,6 @@
 #include "shell/command_routing.h"
 
-#include "shell/command_registry.h"
+#include "base/command_registry.h"
 #include "shell/shell_windows.h"
 
 bool layerResizeDragging = false;

@@ -9,8 +9,9 @@
 #include <cstdint>
 #include <functional>
 
+#include "base/command_registry.h"
 #include "document/canvas.h"
-#include "shell/hook_list.h"
+#include "base/hook_list.h"
 
 // Set by their owners: while any holds, commands are ignored or swallowed.
 extern bool layerResizeDragging;     // a layer is being resized by dragging
@@ -35,11 +36,5 @@ void CanvasCommand(Canvas* canvas, int id, intptr_t lParam = 0);
 // taken here by the undo history once it registers.
 extern HookList<Canvas*> undoSnapshotHooks;
 
-// Handlers of commands that other subsystems own. A frame handler receives
-// lParam (for 10007 a const char* path); a canvas handler the canvas.
-using FrameCommandHandler = std::function<void(intptr_t lParam)>;
-using CanvasCommandHandler = std::function<void(Canvas* canvas, intptr_t lParam)>;
-void RegisterFrameCommand(int id, FrameCommandHandler handler);
-void RegisterCanvasCommand(int id, CanvasCommandHandler handler);
 // Drops every registration and clears the flags above (tests).
 void ResetCommandRouting();

@@ -9,7 +9,7 @@
 #include "platform/platform.h"
 #include "resources/strings.h"
 #include "settings/settings.h"
-#include "shell/command_ids.h"
+#include "base/command_ids.h"
 #include "shell/command_routing.h"
 #include "shell/settings_files.h"
 #include "shell/shell_windows.h"

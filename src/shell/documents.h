@@ -8,7 +8,7 @@
 #include <string>
 
 #include "document/canvas.h"
-#include "shell/hook_list.h"
+#include "base/hook_list.h"
 
 // A new zeroed Canvas made from CanvasRequest for documentWnd; null when
 // it can't be had or its planes can't be made.

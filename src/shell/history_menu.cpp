@@ -2,7 +2,7 @@
 
 #include <cstring>
 
-#include "shell/command_ids.h"
+#include "base/command_ids.h"
 #include "shell/file_history.h"
 #include "shell/shell_windows.h"
 

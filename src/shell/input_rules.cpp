@@ -1,6 +1,6 @@
 #include "shell/input_rules.h"
 
-#include "shell/command_ids.h"
+#include "base/command_ids.h"
 #include "shell/command_routing.h"
 #include "shell/menu_state.h"
 #include "shell/tool_change.h"

@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "document/canvas.h"
-#include "shell/hook_list.h"
+#include "base/hook_list.h"
 
 namespace vk {
 constexpr int kBack = 0x08;

@@ -3,7 +3,7 @@
 #include <initializer_list>
 
 #include "settings/settings.h"
-#include "shell/command_ids.h"
+#include "base/command_ids.h"
 
 namespace {
 

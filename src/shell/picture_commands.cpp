@@ -5,7 +5,7 @@
 #include "platform/platform.h"
 #include "resources/strings.h"
 #include "shell/canvas_command_groups.h"
-#include "shell/command_ids.h"
+#include "base/command_ids.h"
 #include "shell/command_routing.h"
 #include "shell/shell_windows.h"
 #include "store/plane_store.h"

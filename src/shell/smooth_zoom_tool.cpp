@@ -4,7 +4,7 @@
 #include "display/smooth_zoom_frame.h"
 #include "display/view_paint.h"
 #include "document/active_canvas.h"
-#include "shell/command_ids.h"
+#include "base/command_ids.h"
 #include "shell/command_routing.h"
 #include "shell/documents.h"
 #include "shell/tool_change.h"

@@ -5,10 +5,9 @@
 
 #include "document/active_canvas.h"
 #include "platform/platform.h"
-#include "shell/command_ids.h"
+#include "base/command_ids.h"
 #include "shell/shell_windows.h"
 
-int currentTool = cmd::kFreeHandConnect;
 int lastDraftTool = 0;
 int previousTool = cmd::kFreeHandConnect;
 

@@ -7,10 +7,9 @@
 #include <string>
 
 #include "document/canvas.h"
-#include "shell/hook_list.h"
+#include "base/current_tool.h"
+#include "base/hook_list.h"
 
-// The command number of the tool in use; 20005 at start.
-extern int currentTool;
 // The last selection tool left for another, so a later step can return.
 extern int lastDraftTool;
 // The tool in use when the last change began: a tool that ends by itself

@@ -2,7 +2,7 @@
 
 #include "document/active_canvas.h"
 #include "document/undo_history.h"
-#include "shell/command_ids.h"
+#include "base/command_ids.h"
 #include "shell/command_routing.h"
 #include "shell/documents.h"
 #include "shell/shell_windows.h"

@@ -5,7 +5,7 @@
 #include "platform/platform.h"
 #include "settings/settings.h"
 #include "shell/canvas_command_groups.h"
-#include "shell/command_ids.h"
+#include "base/command_ids.h"
 #include "shell/frame_geometry.h"
 #include "shell/shell_windows.h"
 

@@ -1,5 +1,6 @@
 // What keeps paint off a pixel: the mask and further planes, the layer's
 // opacity, the selection, the kernels' strict reading, and the colour mask.
+#include "base/current_tool.h"
 #include "paint/blend_row.h"
 #include "paint/color_mask.h"
 #include "paint/pen_modes.h"
@@ -151,12 +152,12 @@ TEST_F(ProtectionTest, ColourMaskKeepsPaintToColoursNearTheKey) {
   colorMaskChoice = 3;  // White
   colorMaskVagueness = 8;
   for (int tool : {20000, 20005, 20007}) {  // only the freehand tools use it
-    penTool = tool;
+    currentTool = tool;
     expectKeyed(Fetch(5, 0, kWidth - 1, 0, 0, 15, 11), 5,
                 [&](int x) { return tool == 20007 || white(x); });
   }
   // The map stays for the stroke, made at its first dab only.
-  penTool = 20005;
+  currentTool = cmd::kFreeHandConnect;
   Randomise(image);
   dabCount = 3;
   expectKeyed(Fetch(5, 0, kWidth - 1, 0, 0, 15, 11), 5, white);

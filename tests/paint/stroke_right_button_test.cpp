@@ -1,5 +1,6 @@
 // The right button on the canvas: the Dropper, the area pick into a
 // pattern, the Undo Pen; and the routes the pen gives the canvas view.
+#include "base/command_ids.h"
 #include "paint/stroke_dropper.h"
 #include "paint/stroke_loops.h"
 #include "paint/stroke_routes.h"
@@ -32,7 +33,7 @@ TEST_F(RightButtonTest, DropperTakesTheComposedColourOrThePlanesValue) {
   // With the Dropper chosen the stroke declines and the picker runs.
   Press(0, 0, kRight);
   Then({{0, 0, kRight}, {0, 0, kRight}, {3, 4, kRight}, {40, -5, kRight}, {3, 4, kRight}});
-  RightButtonDown(canvas, {kToolFreeHandConnect, 0, 0, 0});
+  RightButtonDown(canvas, {cmd::kFreeHandConnect, 0, 0, 0});
   EXPECT_EQ(PenColour(), (Colour{10, 20, 30}));
   EXPECT_EQ(changes, 4);  // a pick at each change of pixel; (40, -5) is clamped to (15, 0)
   EXPECT_EQ(std::make_tuple(pen.patternImage, pen.patternActive), std::make_tuple(nullptr, 0u));
@@ -110,7 +111,7 @@ TEST_F(RightButtonTest, CloneSourceIsTheDragWithShiftAndPenToolsChooseTheirLoop)
   pen.mode = kModeClone;
   // Without a source the pen says so and no stroke starts.
   dabCount = 99;
-  LeftButtonDown(canvas, {kToolFreeHandConnect, 0, 0, 0});
+  LeftButtonDown(canvas, {cmd::kFreeHandConnect, 0, 0, 0});
   ASSERT_EQ(headless::Recorded().boxes.size(), 1u);
   EXPECT_EQ(headless::Recorded().boxes[0].text, StringText(1411));
   EXPECT_EQ(dabCount, 99);
@@ -123,7 +124,7 @@ TEST_F(RightButtonTest, CloneSourceIsTheDragWithShiftAndPenToolsChooseTheirLoop)
   headless::Recorded().screenOriginX = 7;
   Press(100, 100, {platform::VkLeftButton, platform::VkShift});
   Then({{90, 95, kLeft}, {60, 80, kLeft}});
-  LeftButtonDown(canvas, {kToolFreeHandConnect, 1, 0, 0});
+  LeftButtonDown(canvas, {cmd::kFreeHandConnect, 1, 0, 0});
   // 40 by 20 view pixels at 200 %.
   EXPECT_EQ(std::make_pair(PenKernels.cloneOffsetX, PenKernels.cloneOffsetY),
             std::make_pair(20, 10));
@@ -132,9 +133,9 @@ TEST_F(RightButtonTest, CloneSourceIsTheDragWithShiftAndPenToolsChooseTheirLoop)
 
   // Otherwise the pen tool connects in mode Color only.
   RecordingPen(2);
-  for (auto [tool, mode, connects] : {std::tuple{kToolFreeHandConnect, kModeColor, 1},
-                                      {kToolFreeHandConnect, kModeBlur, 0},
-                                      {kToolFreeHand, kModeColor, 0}}) {
+  for (auto [tool, mode, connects] : {std::tuple{cmd::kFreeHandConnect, kModeColor, 1},
+                                      {cmd::kFreeHandConnect, kModeBlur, 0},
+                                      {cmd::kFreeHand, kModeColor, 0}}) {
     pen.mode = mode;
     LeftButtonDown(canvas, {tool, 0, 0, 0});
     EXPECT_EQ(connected, connects) << tool << " " << mode;

@@ -3,7 +3,7 @@
 #include <vector>
 
 #include "settings/settings.h"
-#include "shell/command_ids.h"
+#include "base/command_ids.h"
 #include "shell/drop_files.h"
 #include "shell/frame_layout.h"
 #include "shell/history_menu.h"

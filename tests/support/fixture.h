@@ -8,6 +8,7 @@
 #include <memory>
 #include <vector>
 
+#include "base/reset.h"
 #include "display/reset.h"
 #include "document/canvas_manager.h"
 #include "document/canvas_request.h"
@@ -34,6 +35,7 @@ class TeselTest : public ::testing::Test {
 
   static void ResetAll() {
     headless::Reset();
+    ResetBase();
     ResetSettings();
     ResetStore();
     ResetPixel();

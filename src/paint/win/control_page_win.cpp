@@ -4,6 +4,7 @@
 
 #include <string>
 
+#include "base/current_tool.h"
 #include "paint/color_mask.h"
 #include "paint/control_page.h"
 #include "paint/pen_data_list.h"
@@ -213,7 +214,7 @@ void Initialize(HWND page) {
                         reinterpret_cast<LPARAM>(platform::Widen(ColorMaskLabel(choice)).c_str()));
   AddModeTips(page);
   ShowPen(page);
-  state.shown = OptionAreaPanel(penTool, GetKeyState(VK_SHIFT) < 0);
+  state.shown = OptionAreaPanel(currentTool, GetKeyState(VK_SHIFT) < 0);
   OpenOptionPanel(state.shown);
 }
 

@@ -16,7 +16,7 @@
 #include "resources/strings.h"
 #include "settings/settings.h"
 #include "shell/undo_commands.h"
-#include "shell/command_ids.h"
+#include "base/command_ids.h"
 #include "shell/frame_layout.h"
 #include "shell/right_click_keys.h"
 #include "shell/smooth_zoom_tool.h"
@@ -82,7 +82,6 @@ bool OnFrameCreate(HWND frame, const CREATESTRUCTW* create) {
   InstallViewWindows();
   InstallStrokeEngine();
   InstallStrokeWindows();
-  toolStateHooks.Add([] { penTool = currentTool; });  // the paint level's copy of the tool
   // The settings are read by now: the pen of the last run comes back.
   LoadPenState();
   BuildTip();

@@ -2,7 +2,7 @@
 
 #include "document/active_canvas.h"
 #include "platform/win32/win32_platform.h"
-#include "shell/command_ids.h"
+#include "base/command_ids.h"
 #include "shell/command_routing.h"
 #include "shell/frame_layout.h"
 #include "shell/input_rules.h"

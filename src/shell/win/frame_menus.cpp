@@ -5,7 +5,7 @@
 #include "document/active_canvas.h"
 #include "platform/win32/win32_platform.h"
 #include "platform/win32/win32_windows.h"
-#include "shell/command_ids.h"
+#include "base/command_ids.h"
 #include "shell/history_menu.h"
 #include "shell/win/shell_globals.h"
 

@@ -4,7 +4,7 @@
 #include <shellapi.h>
 
 #include "platform/win32/win32_platform.h"
-#include "shell/command_ids.h"
+#include "base/command_ids.h"
 #include "shell/command_routing.h"
 #include "shell/help_file.h"
 #include "shell/win/shell_globals.h"

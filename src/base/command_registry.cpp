@@ -1,9 +1,7 @@
-#include "shell/command_registry.h"
+#include "base/command_registry.h"
 
 #include <map>
 #include <utility>
-
-#include "shell/command_routing.h"
 
 namespace {
 std::map<int, FrameCommandHandler> frameHandlers;

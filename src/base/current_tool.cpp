@@ -1,0 +1,3 @@
+#include "base/current_tool.h"
+
+int currentTool = cmd::kFreeHandConnect;
