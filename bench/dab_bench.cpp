@@ -12,9 +12,9 @@
 
 #include "document/canvas_manager.h"
 #include "document/canvas_request.h"
-#include "paint/pen_record.h"
-#include "paint/place_dab.h"
-#include "paint/tip.h"
+#include "paint/modes/place_dab.h"
+#include "paint/tip/pen_record.h"
+#include "paint/tip/tip.h"
 #include "settings/settings.h"
 
 #ifdef TESEL_BENCH_MYPAINT

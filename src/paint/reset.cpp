@@ -1,14 +1,14 @@
 #include "paint/reset.h"
 
-#include "paint/dab_count.h"
-#include "paint/dot_tiles.h"
-#include "paint/pen_data_list.h"
-#include "paint/pen_record.h"
-#include "paint/place_dab.h"
-#include "paint/stroke_engine.h"
-#include "paint/stroke_outline.h"
-#include "paint/stroke_pressure.h"
-#include "paint/stroke_windows.h"
+#include "paint/control/dot_tiles.h"
+#include "paint/modes/place_dab.h"
+#include "paint/stroke/dab_count.h"
+#include "paint/stroke/stroke_engine.h"
+#include "paint/stroke/stroke_outline.h"
+#include "paint/stroke/stroke_pressure.h"
+#include "paint/stroke/stroke_windows.h"
+#include "paint/tip/pen_data_list.h"
+#include "paint/tip/pen_record.h"
 
 void ResetPaint() {
   ResetPen();

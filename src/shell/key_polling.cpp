@@ -3,7 +3,7 @@
 #include <vector>
 
 #include "document/active_canvas.h"
-#include "paint/stroke_engine.h"
+#include "paint/stroke/stroke_engine.h"
 #include "shell/input_rules.h"
 
 KeyPollWindows keyPollWindows;

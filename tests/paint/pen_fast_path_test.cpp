@@ -2,9 +2,9 @@
 // out: every pair of bytes each product takes, every quotient the Over
 // blend forms, and rows of every length up to past the vector blocks, with
 // and without slack.
-#include "paint/coverage_divide.h"
-#include "paint/dab_rows.h"
-#include "paint/dab_rows_avx2.h"
+#include "paint/modes/coverage_divide.h"
+#include "paint/modes/dab_rows.h"
+#include "paint/modes/dab_rows_avx2.h"
 #include "pen_mode_support.h"
 #include "pixel/vector_paths.h"
 

@@ -2,9 +2,9 @@
 // plane, dropout by density (replaying rand), and the 16-bit blend of
 // Double Accuracy, each against the arithmetic written out in the test;
 // rows that miss the plane, and planes that stand off the canvas origin.
-#include "paint/blend_row.h"
-#include "paint/pen_rows.h"
-#include "paint/protection.h"
+#include "paint/modes/blend_row.h"
+#include "paint/modes/pen_rows.h"
+#include "paint/modes/protection.h"
 #include "pen_mode_support.h"
 
 namespace {

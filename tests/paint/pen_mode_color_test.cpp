@@ -1,7 +1,7 @@
 // Mode Color's three sources (flat colour, pattern, gradient) through the
 // Tone Filter, the tile modes, and the mode without a kernel, as rows of
 // FetchModeRow.
-#include "paint/pen_modes.h"
+#include "paint/modes/pen_modes.h"
 #include "pen_mode_support.h"
 
 namespace {

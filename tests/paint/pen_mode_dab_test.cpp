@@ -1,6 +1,6 @@
 // PlaceDab: where a dab lands with and without Anti-Alias, the sub-pixel
 // shift of the tip, spacing, the speed wait, and the Undo Pen.
-#include "paint/pen_modes.h"
+#include "paint/modes/pen_modes.h"
 #include "pen_mode_support.h"
 
 namespace {

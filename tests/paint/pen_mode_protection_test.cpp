@@ -1,10 +1,10 @@
 // What keeps paint off a pixel: the mask and further planes, the layer's
 // opacity, the selection, the kernels' strict reading, and the colour mask.
 #include "base/current_tool.h"
-#include "paint/blend_row.h"
-#include "paint/color_mask.h"
-#include "paint/pen_modes.h"
-#include "paint/protection.h"
+#include "paint/modes/blend_row.h"
+#include "paint/modes/color_mask.h"
+#include "paint/modes/pen_modes.h"
+#include "paint/modes/protection.h"
 #include "pen_mode_support.h"
 
 namespace {

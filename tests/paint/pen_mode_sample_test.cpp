@@ -3,7 +3,7 @@
 // FetchModeRow checked against the pixels read in the test.
 #include <cmath>
 
-#include "paint/pen_modes.h"
+#include "paint/modes/pen_modes.h"
 #include "pen_mode_support.h"
 
 namespace {

@@ -16,14 +16,14 @@
 #include <vector>
 
 #include "document/canvas.h"
-#include "paint/dab_count.h"
-#include "paint/pen_modes.h"
-#include "paint/pen_record.h"
-#include "paint/place_dab.h"
+#include "paint/modes/pen_modes.h"
+#include "paint/modes/place_dab.h"
+#include "paint/stroke/dab_count.h"
+#include "paint/tip/pen_record.h"
 #include "platform/headless/headless.h"
 #include "store/plane_store.h"
-#include "support/pixel_reference.h"
 #include "support/fixture.h"
+#include "support/pixel_reference.h"
 
 namespace pentest {
 

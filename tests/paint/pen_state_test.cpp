@@ -1,5 +1,5 @@
 // The pen kept in the settings record's tool state between runs.
-#include "paint/pen_state.h"
+#include "paint/tip/pen_state.h"
 
 #include <gtest/gtest.h>
 
@@ -7,7 +7,7 @@
 #include <cstring>
 #include <tuple>
 
-#include "paint/pen_record.h"
+#include "paint/tip/pen_record.h"
 #include "platform/headless/headless.h"
 #include "settings/default_settings.h"
 #include "settings/settings.h"

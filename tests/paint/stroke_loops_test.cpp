@@ -1,8 +1,8 @@
 // The connected and freehand loops driven by a scripted pointer: where
 // they dab, single dabs with Shift, pauses, and the undo record at the end.
-#include "paint/stroke_loops.h"
+#include "paint/stroke/stroke_loops.h"
 
-#include "paint/stroke_segment.h"
+#include "paint/stroke/stroke_segment.h"
 #include "stroke_test_support.h"
 
 namespace stroketest {

@@ -7,8 +7,8 @@
 
 #include "display/redraw.h"
 #include "display/view_paint.h"
-#include "paint/stroke_loops.h"
-#include "paint/stroke_routes.h"
+#include "paint/stroke/stroke_loops.h"
+#include "paint/stroke/stroke_routes.h"
 #include "stroke_test_support.h"
 
 namespace stroketest {

@@ -1,6 +1,6 @@
 // The position of a sample: smoothing over the last points, the sub-pixel
 // fraction kept through the zoom, and grid snap in place of smoothing.
-#include "paint/stroke_position.h"
+#include "paint/stroke/stroke_position.h"
 
 #include "stroke_test_support.h"
 

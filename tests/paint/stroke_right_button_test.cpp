@@ -1,9 +1,9 @@
 // The right button on the canvas: the Dropper, the area pick into a
 // pattern, the Undo Pen; and the routes the pen gives the canvas view.
 #include "base/command_ids.h"
-#include "paint/stroke_dropper.h"
-#include "paint/stroke_loops.h"
-#include "paint/stroke_routes.h"
+#include "paint/stroke/stroke_dropper.h"
+#include "paint/stroke/stroke_loops.h"
+#include "paint/stroke/stroke_routes.h"
 #include "resources/strings.h"
 #include "stroke_test_support.h"
 

@@ -2,7 +2,7 @@
 // its samples.
 #include <deque>
 
-#include "paint/stroke_loops.h"
+#include "paint/stroke/stroke_loops.h"
 #include "stroke_test_support.h"
 
 namespace stroketest {

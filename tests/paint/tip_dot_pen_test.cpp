@@ -4,7 +4,7 @@
 #include <cstring>
 #include <fstream>
 
-#include "paint/dot_pen.h"
+#include "paint/tip/dot_pen.h"
 #include "store/dib.h"
 #include "tip_test_support.h"
 

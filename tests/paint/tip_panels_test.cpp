@@ -1,15 +1,15 @@
 // What the option panels do to the pen: the panel choice, shape buttons and
 // drag sizing, the size list, stored pens, the pen pattern and the text tip.
-#include "paint/tip_panels.h"
+#include "paint/tip/tip_panels.h"
 
 #include <cstring>
 #include <fstream>
 #include <iterator>
 
-#include "paint/pen_pattern.h"
-#include "paint/pen_sizes.h"
-#include "paint/stored_pen.h"
-#include "paint/text_tip.h"
+#include "paint/tip/pen_pattern.h"
+#include "paint/tip/pen_sizes.h"
+#include "paint/tip/stored_pen.h"
+#include "paint/tip/text_tip.h"
 #include "settings/number_lists.h"
 #include "store/dib.h"
 #include "tip_test_support.h"

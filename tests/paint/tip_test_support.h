@@ -10,10 +10,10 @@
 #include <string>
 #include <vector>
 
-#include "paint/dab_count.h"
-#include "paint/pen_data_list.h"
-#include "paint/pen_record.h"
-#include "paint/tip.h"
+#include "paint/stroke/dab_count.h"
+#include "paint/tip/pen_data_list.h"
+#include "paint/tip/pen_record.h"
+#include "paint/tip/tip.h"
 #include "platform/headless/headless.h"
 #include "store/plane_store.h"
 #include "support/fixture.h"

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "document/active_canvas.h"
-#include "paint/stroke_engine.h"
+#include "paint/stroke/stroke_engine.h"
 #include "platform/headless/headless.h"
 #include "shell/key_polling.h"
 #include "support/fixture.h"

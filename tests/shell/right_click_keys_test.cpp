@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "paint/stroke_engine.h"
+#include "paint/stroke/stroke_engine.h"
 #include "shell/input_rules.h"
 #include "shell/right_click_keys.h"
 #include "shell/shell_windows.h"

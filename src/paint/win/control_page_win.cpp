@@ -5,12 +5,12 @@
 #include <string>
 
 #include "base/current_tool.h"
-#include "paint/color_mask.h"
-#include "paint/control_page.h"
-#include "paint/pen_data_list.h"
-#include "paint/pen_options.h"
-#include "paint/pen_record.h"
-#include "paint/tip_panels.h"
+#include "paint/control/control_page.h"
+#include "paint/control/pen_options.h"
+#include "paint/modes/color_mask.h"
+#include "paint/tip/pen_data_list.h"
+#include "paint/tip/pen_record.h"
+#include "paint/tip/tip_panels.h"
 #include "paint/win/mode_icons_win.h"
 #include "paint/win/option_panels_win.h"
 #include "paint/win/panel_common_win.h"

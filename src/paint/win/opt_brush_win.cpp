@@ -8,11 +8,11 @@
 #include <string>
 #include <vector>
 
-#include "paint/pen_record.h"
-#include "paint/size_menu.h"
-#include "paint/tip.h"
-#include "paint/tip_panels.h"
-#include "paint/tip_preview.h"
+#include "paint/control/size_menu.h"
+#include "paint/control/tip_preview.h"
+#include "paint/tip/pen_record.h"
+#include "paint/tip/tip.h"
+#include "paint/tip/tip_panels.h"
 #include "paint/win/option_panels_win.h"
 #include "paint/win/panel_common_win.h"
 #include "paint/win/pen_panel_ids.h"

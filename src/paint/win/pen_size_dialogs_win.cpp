@@ -2,7 +2,7 @@
 
 #include <commctrl.h>
 
-#include "paint/pen_sizes.h"
+#include "paint/tip/pen_sizes.h"
 #include "paint/win/panel_common_win.h"
 #include "paint/win/pen_panel_ids.h"
 #include "platform/win32/win32_platform.h"

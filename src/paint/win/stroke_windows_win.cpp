@@ -2,7 +2,7 @@
 
 #include <windows.h>
 
-#include "paint/stroke_windows.h"
+#include "paint/stroke/stroke_windows.h"
 #include "platform/win32/win32_platform.h"
 
 namespace {

@@ -2,10 +2,10 @@
 
 #include <windowsx.h>
 
-#include "paint/pen_record.h"
-#include "paint/tip.h"
-#include "paint/tip_panels.h"
-#include "paint/tip_preview.h"
+#include "paint/control/tip_preview.h"
+#include "paint/tip/pen_record.h"
+#include "paint/tip/tip.h"
+#include "paint/tip/tip_panels.h"
 #include "paint/win/panel_common_win.h"
 #include "paint/win/pen_panel_ids.h"
 #include "paint/win/picture_win.h"

@@ -2,7 +2,7 @@
 // the portable shell.
 #include "shell/win/frame_window.h"
 
-#include "paint/pen_state.h"
+#include "paint/tip/pen_state.h"
 #include "platform/win32/win32_platform.h"
 #include "platform/win32/win32_windows.h"
 #include "shell/command_routing.h"

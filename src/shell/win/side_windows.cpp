@@ -3,7 +3,7 @@
 // their buttons and pages from their own parts of the program.
 #include "shell/win/side_windows.h"
 
-#include "paint/stored_pen.h"
+#include "paint/tip/stored_pen.h"
 #include "paint/win/control_page_win.h"
 #include "platform/win32/win32_platform.h"
 #include "platform/win32/win32_windows.h"

@@ -1,0 +1,3 @@
+#include "paint/stroke/dab_count.h"
+
+int32_t dabCount = 0;
