@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-std::function<int(GridChoice* choice)> gridDialog;
+#include "display/view_windows.h"
 
 int ToggleGrid(Canvas* canvas) {
   if (canvas->gridOn) {
@@ -10,7 +10,7 @@ int ToggleGrid(Canvas* canvas) {
     return 1;
   }
   GridChoice choice{canvas->gridX, canvas->gridY, canvas->gridSnap ? 1 : 0};
-  if (!gridDialog || !gridDialog(&choice)) return 0;
+  if (!viewWindows.gridDialog || !viewWindows.gridDialog(&choice)) return 0;
   canvas->gridX = std::clamp(choice.pitchX, kMinGridPitch, kMaxGridPitch);
   canvas->gridY = std::clamp(choice.pitchY, kMinGridPitch, kMaxGridPitch);
   canvas->gridSnap = choice.snap ? 1 : 0;

@@ -17,10 +17,6 @@ struct GridChoice {
 constexpr int kMinGridPitch = 2;
 constexpr int kMaxGridPitch = 1000;
 
-// The dialog tsl_grid, filled by the window side and scripted by tests:
-// shows choice, writes back what was entered, 1 for OK.
-extern std::function<int(GridChoice* choice)> gridDialog;
-
 // 1 when the grid changed: it went off, or OK turned it on with the
 // entered pitch (kept within the limits above) and snap.
 int ToggleGrid(Canvas* canvas);

@@ -75,7 +75,7 @@ void LeftButtonDown(Canvas* canvas, const PointerPress& press) {
       return Stroke(canvas, 0);
     case ToolRoute::DraftObject:
       // Smooth Zoom's frame is the view's own object.
-      if (press.tool == kToolSmoothZoom) return PressZoomFrame(canvas);
+      if (press.tool == cmd::kSmoothZoom) return PressZoomFrame(canvas);
       return CallIfSet(pointerRoutes.draftObjectPress, canvas);
     case ToolRoute::DraftPoint:
       return CallIfSet(pointerRoutes.draftPointPress, canvas);
@@ -92,7 +92,7 @@ void RightButtonDown(Canvas* canvas, const PointerPress& press) {
       if (!Claims(pointerRoutes.strokeSecondForm, canvas)) ColourPicker(canvas);
       return;
     case ToolRoute::DraftObject: {
-      const bool taken = press.tool == kToolSmoothZoom
+      const bool taken = press.tool == cmd::kSmoothZoom
                              ? ZoomFrameMenu(canvas) != 0
                              : Claims(pointerRoutes.draftRightPress, canvas);
       if (!taken) ColourPicker(canvas);

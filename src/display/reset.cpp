@@ -19,8 +19,5 @@ void ResetDisplay() {
   composeRows = {};
   smoothZoomChoice = kNoChoice;
   smoothZoomFolder.clear();
-  gridDialog = nullptr;
-  smoothZoomDialog = nullptr;
-  zoomFrameMenu = nullptr;
-  zoomFrameDone = nullptr;
+  zoomFrameDoneHooks.Clear();
 }

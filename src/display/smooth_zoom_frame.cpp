@@ -4,9 +4,7 @@
 #include "display/smooth_zoom.h"
 #include "display/view_windows.h"
 
-std::function<int(SmoothZoomDialogFields* fields)> smoothZoomDialog;
-std::function<int(Canvas* canvas)> zoomFrameMenu;
-std::function<void()> zoomFrameDone;
+HookList<> zoomFrameDoneHooks;
 
 namespace {
 
@@ -30,14 +28,14 @@ void ShowFrame(bool show) {
 }
 
 void Done() {
-  if (zoomFrameDone) zoomFrameDone();
+  zoomFrameDoneHooks.Run();
 }
 
 }  // namespace
 
 int BeginZoomFrame(Canvas* canvas) {
   SmoothZoomDialogFields fields = lastFields;
-  if (!smoothZoomDialog || !smoothZoomDialog(&fields)) return 0;
+  if (!viewWindows.smoothZoomDialog || !viewWindows.smoothZoomDialog(&fields)) return 0;
   lastFields = fields;
   EndZoomFrame();
   BeginSmoothZoomChoice(canvas, fields);
@@ -61,7 +59,7 @@ void PressZoomFrame(Canvas* canvas) {
 
 int ZoomFrameMenu(Canvas* canvas) {
   if (canvas != frameCanvas) return 0;
-  switch (zoomFrameMenu ? zoomFrameMenu(canvas) : kZoomFrameNothing) {
+  switch (viewWindows.zoomFrameMenu ? viewWindows.zoomFrameMenu(canvas) : kZoomFrameNothing) {
     case kZoomFrameEnter:
       ShowFrame(false);
       frameCanvas = nullptr;

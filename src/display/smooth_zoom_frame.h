@@ -6,22 +6,16 @@
 
 #include <functional>
 
+#include "base/hook_list.h"
 #include "display/smooth_zoom_choice.h"
 #include "document/canvas.h"
 
-constexpr int kToolSmoothZoom = 20507;
-
-// The dialog tsl_szoom, filled by the window side and scripted by tests:
-// shows fields, writes back the choice, 1 for OK.
-extern std::function<int(SmoothZoomDialogFields* fields)> smoothZoomDialog;
-
-// The frame's menu daZoomSel at the pointer, filled by the window side.
+// The items of the frame's menu (viewWindows.zoomFrameMenu).
 enum ZoomFrameItem { kZoomFrameNothing = 0, kZoomFrameEnter = 1, kZoomFrameCancel = 2 };
-extern std::function<int(Canvas* canvas)> zoomFrameMenu;
 
 // The choice is over, entered or not: the shell gives the tool back to
 // the one in use before.
-extern std::function<void()> zoomFrameDone;
+extern HookList<> zoomFrameDoneHooks;
 
 // The tool starts on canvas: the dialog (showing the last choice), and
 // after OK the frame, at first centred on the active plane. 0 when the

@@ -19,6 +19,9 @@ struct ViewRect {
 
 enum class Axis { Horizontal, Vertical };
 
+struct GridChoice;              // display/grid_command.h
+struct SmoothZoomDialogFields;  // display/smooth_zoom_choice.h
+
 // What a scroll bar shows: range 0..max, a page, a position.
 struct ScrollBarState {
   int max, page, position;
@@ -78,6 +81,14 @@ struct ViewWindows {
   std::function<void(Canvas* canvas, const ViewRect& box)> invertBox;
   // The hand cursor (resource `hand`) while on is set, the usual after.
   std::function<void(bool on)> handCursor;
+  // The dialog tsl_grid: shows the choice, writes back what was entered, 1
+  // for OK.
+  std::function<int(GridChoice* choice)> gridDialog;
+  // The dialog tsl_szoom: shows the fields, writes back the choice, 1 for OK.
+  std::function<int(SmoothZoomDialogFields* fields)> smoothZoomDialog;
+  // The Smooth Zoom frame's menu daZoomSel at the pointer: the item chosen
+  // (ZoomFrameItem).
+  std::function<int(Canvas* canvas)> zoomFrameMenu;
 };
 
 extern ViewWindows viewWindows;

@@ -32,7 +32,7 @@ void InstallSmoothZoomTool(const std::string& tempFolder) {
   RegisterFrameCommand(cmd::kSmoothZoom, [](intptr_t) {
     if (Canvas* canvas = ActiveCanvas()) LeaveSmoothZoom(canvas);
   });
-  zoomFrameDone = [] { ChangeTool(returnTool); };
+  zoomFrameDoneHooks.Add([] { ChangeTool(returnTool); });
   // Another tool ends the choice without entering.
   toolStateHooks.Add([] {
     if (currentTool != cmd::kSmoothZoom) EndZoomFrame();

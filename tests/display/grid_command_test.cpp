@@ -1,5 +1,6 @@
 // The Grid command: off when on, else the dialog's pitch and snap on OK.
 #include "display/grid_command.h"
+#include "display/view_windows.h"
 #include "support/fixture.h"
 
 #include <gtest/gtest.h>
@@ -13,7 +14,7 @@ class GridCommandTest : public TeselTest {
   void SetUp() override {
     TeselTest::SetUp();
     canvas.gridX = canvas.gridY = 16;  // as a new canvas has them
-    gridDialog = [this](GridChoice* choice) {
+    viewWindows.gridDialog = [this](GridChoice* choice) {
       offered.push_back(*choice);
       *choice = answer;
       return ok;
@@ -49,7 +50,7 @@ TEST_F(GridCommandTest, OkShowsTheGridWithTheEnteredPitchAndSnap) {
 TEST_F(GridCommandTest, CancelOrNoDialogChangesNothingAndPitchIsKeptBetweenTwoAndAThousand) {
   ok = 0;
   EXPECT_EQ(ToggleGrid(&canvas), 0);
-  gridDialog = nullptr;
+  viewWindows.gridDialog = nullptr;
   EXPECT_EQ(ToggleGrid(&canvas), 0);
   EXPECT_EQ(Grid(), std::make_tuple(0u, 16, 16, 0u));
 

@@ -5,6 +5,7 @@
 #include <tuple>
 #include <vector>
 
+#include "base/command_ids.h"
 #include "display/pointer_routing.h"
 #include "display/smooth_zoom.h"
 #include "display/smooth_zoom_frame.h"
@@ -27,15 +28,10 @@ class ZoomFrame : public ViewTest {
     viewWindows.invertBox = [this](Canvas* canvas, const ViewRect& box) {
       inverted.push_back({canvas, box.x, box.y, box.width, box.height});
     };
-    zoomFrameDone = [this] { ++done; };
+    zoomFrameDoneHooks.Add([this] { ++done; });
   }
   void TearDown() override {
-    viewWindows = ViewWindows{};
     EndZoomFrame();
-    overlayToggles[kOverlayZoomFrame] = nullptr;
-    zoomFrameDone = nullptr;
-    smoothZoomDialog = nullptr;
-    zoomFrameMenu = nullptr;
     ViewTest::TearDown();
   }
   std::vector<Box> inverted;  // every inversion, in order
@@ -57,7 +53,7 @@ TEST_F(ZoomFrame, DialogFrameDragAndMenu) {
   std::vector<std::pair<int, int>> shown;  // what the dialog showed
   SmoothZoomDialogFields answer{3, 0};     // row "x4", whose index gives 16
   int ok = 0;
-  smoothZoomDialog = [&](SmoothZoomDialogFields* fields) {
+  viewWindows.smoothZoomDialog = [&](SmoothZoomDialogFields* fields) {
     shown.push_back({fields->row, fields->smooth});
     *fields = answer;
     return ok;
@@ -79,7 +75,7 @@ TEST_F(ZoomFrame, DialogFrameDragAndMenu) {
   // The left button drags it by the pointer's travel, 10 across and 2 down.
   PointerAt({{80, 48}, {84, 48}, {90, 50}});
   held = 3;
-  LeftButtonDown(canvas, {kToolSmoothZoom, 0, 0, 0});
+  LeftButtonDown(canvas, {cmd::kSmoothZoom, 0, 0, 0});
   EXPECT_EQ(std::tie(smoothZoomChoice.left, smoothZoomChoice.top), std::make_tuple(85, 47));
   EXPECT_EQ(Showing(inverted), (std::set<Box>{{canvas, 85, 47, 10, 6}}));
 
@@ -89,14 +85,14 @@ TEST_F(ZoomFrame, DialogFrameDragAndMenu) {
   pointerRoutes.colourPicker = [&](Canvas*) { ++picked; };
   viewWindows.invalidate = [&](Canvas* c) { invalidated += c == canvas; };
   int item = kZoomFrameNothing;
-  zoomFrameMenu = [&](Canvas*) { return item; };
-  RightButtonDown(other, {kToolSmoothZoom, 0, 0, 0});
-  RightButtonDown(canvas, {kToolSmoothZoom, 0, 0, 0});
+  viewWindows.zoomFrameMenu = [&](Canvas*) { return item; };
+  RightButtonDown(other, {cmd::kSmoothZoom, 0, 0, 0});
+  RightButtonDown(canvas, {cmd::kSmoothZoom, 0, 0, 0});
   EXPECT_EQ(std::tie(picked, done, canvas->smoothZoom), std::make_tuple(1, 0, 0));
 
   // Enter: the part under the frame, 10 x 6 at (85, 47), fills the canvas.
   item = kZoomFrameEnter;
-  RightButtonDown(canvas, {kToolSmoothZoom, 0, 0, 0});
+  RightButtonDown(canvas, {cmd::kSmoothZoom, 0, 0, 0});
   EXPECT_EQ(std::tie(canvas->smoothZoom, canvas->smoothZoomLeft, canvas->smoothZoomTop),
             std::make_tuple(16, 85, 47));
   EXPECT_EQ(std::tie(canvas->planes[0].width, canvas->planes[0].height), std::make_tuple(160, 96));
@@ -110,7 +106,7 @@ TEST_F(ZoomFrame, DialogFrameDragAndMenu) {
   answer = {0, 1};
   ASSERT_EQ(BeginZoomFrame(other), 1);
   item = kZoomFrameCancel;
-  RightButtonDown(other, {kToolSmoothZoom, 0, 0, 0});
+  RightButtonDown(other, {cmd::kSmoothZoom, 0, 0, 0});
   EXPECT_EQ(std::tie(other->smoothZoom, done), std::make_tuple(0, 2));
   EXPECT_EQ(shown, (std::vector<std::pair<int, int>>{{0, 1}, {0, 1}, {3, 0}}));
   EXPECT_TRUE(Showing(inverted).empty());
@@ -120,7 +116,7 @@ TEST_F(ZoomFrame, DialogFrameDragAndMenu) {
 TEST_F(ZoomFrame, DraggedToAnEdgeTheViewScrollsAlong) {
   Canvas* canvas = MakeBlank(1000, 1000);
   LayOutView(canvas, 200, 150);  // displayWnd stands at 8, 8 in frameWnd
-  smoothZoomDialog = [](SmoothZoomDialogFields* fields) {
+  viewWindows.smoothZoomDialog = [](SmoothZoomDialogFields* fields) {
     *fields = {0, 0};  // row "x16" gives 2: 500 x 500
     return 1;
   };

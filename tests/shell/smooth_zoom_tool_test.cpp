@@ -21,21 +21,16 @@ class SmoothZoomTool : public ShellTest {
     ShellTest::SetUp();
     viewWindows = ViewWindows{};
     InstallSmoothZoomTool(folder.path());
-    smoothZoomDialog = [this](SmoothZoomDialogFields* fields) {
+    viewWindows.smoothZoomDialog = [this](SmoothZoomDialogFields* fields) {
       *fields = {0, 0};  // row "x16" gives 2
       return dialogAnswer;
     };
-    zoomFrameMenu = [this](Canvas*) { return menuAnswer; };
+    viewWindows.zoomFrameMenu = [this](Canvas*) { return menuAnswer; };
     toolStateHooks.Add([this] { tools.push_back(currentTool); });
   }
   void TearDown() override {
     EndZoomFrame();
     ShellTest::TearDown();
-    beforeCloseHooks.Clear();
-    documentReleaseHooks.Clear();
-    smoothZoomDialog = nullptr;
-    zoomFrameMenu = nullptr;
-    zoomFrameDone = nullptr;
   }
   int ParkedFiles() const {
     int count = 0;

@@ -102,7 +102,7 @@ void InstallViewWindows() {
   w.drawGridLine = DrawGridLine;
   w.invertBox = InvertViewBox;
   w.handCursor = ShowHandCursor;
-  gridDialog = RunGridDialog;
-  smoothZoomDialog = RunSmoothZoomDialog;
-  zoomFrameMenu = RunZoomFrameMenu;
+  w.gridDialog = RunGridDialog;
+  w.smoothZoomDialog = RunSmoothZoomDialog;
+  w.zoomFrameMenu = RunZoomFrameMenu;
 }
