@@ -62,7 +62,7 @@ void TeselDabs(benchmark::State& state) {
   pen.red = 51;
   pen.green = 102;
   pen.blue = 153;
-  connected = 0;
+  PenBlender.connected = 0;
   int64_t i = 0;
   for (auto _ : state) {
     for (int k = 0; k < kDabsPerRound; ++k, ++i) {

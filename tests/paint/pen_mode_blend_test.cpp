@@ -51,7 +51,7 @@ TEST_F(BlendRowTest, EveryKindMatchesTheArithmetic) {
             Plane*& low = canvas->planes[0].accuracyPlane;
             if (accurate)
               Randomise(low = PlaneStore.CreatePlane(kWidth, kHeight, 24, 0, 1, Physical));
-            protectTransparency = guard;
+            protection.protectTransparency = guard;
             pen.colorThickness = thick;
             pen.density = density;
             Rows rows = MakeRows(n);

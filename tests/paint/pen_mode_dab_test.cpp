@@ -23,7 +23,7 @@ class PlaceDabTest : public KernelTest {
     int first = 1;
     EXPECT_EQ(expected, PlaceDab(canvas.get(), x, y, 0, rightButton, &box[0], &box[1], &box[2],
                                  &box[3], spacing, first));
-    EXPECT_EQ(!penAntiAlias, first);  // without Anti-Alias there is no spacing test
+    EXPECT_EQ(!PenBlender.antiAlias, first);  // without Anti-Alias there is no spacing test
     return box;
   }
 };
@@ -59,7 +59,7 @@ TEST_F(PlaceDabTest, TipIsShiftedByTheFractionOrLandsOnTheRoundedPixel) {
   for (Case k : {Case{1, 7.3, 4.8, 7, 4}, Case{1, 0.0, 2.5, -1, 2}, Case{1, -1.25, 9.0, -2, 9},
                  Case{0, 5.5, 6.6, 6, 7}, Case{0, -1.6, 10.5, -1, 11}}) {
     SCOPED_TRACE(testing::Message() << k.x << "," << k.y);
-    penAntiAlias = k.antiAlias;
+    PenBlender.antiAlias = k.antiAlias;
     const unsigned fx = unsigned((k.x - k.ix) * 255.0), fy = unsigned((k.y - k.iy) * 255.0);
     const int size = k.antiAlias;  // a shifted tip is one wider and taller
     const int left = k.ix + 1 - (w + size) / 2, top = k.iy + 1 - (h + size) / 2;
@@ -107,7 +107,7 @@ TEST_F(PlaceDabTest, DoubleAccuracyShiftsTheLowBytesAsValuesOfTheirOwn) {
 TEST_F(PlaceDabTest, SpacingRefusesNearDabsOnlyWhenConnectedAndSpeedWaits) {
   SetTip(2, 2, {255, 255, 255, 255}, {0, 0, 0, 0});
   for (int isConnected : {1, 0}) {
-    connected = isConnected;
+    PenBlender.connected = isConnected;
     int first = 1;
     std::array<int, 4> box{};
     auto dab = [&](double x) {
@@ -124,10 +124,10 @@ TEST_F(PlaceDabTest, SpacingRefusesNearDabsOnlyWhenConnectedAndSpeedWaits) {
   }
   // The speed setting waits before each dab, with Anti-Alias or without.
   for (int aa : {1, 0}) {
-    penAntiAlias = aa;
-    speedDelay = 0;
+    PenBlender.antiAlias = aa;
+    PenBlender.speedDelay = 0;
     Dab(3, 3);
-    speedDelay = 35;
+    PenBlender.speedDelay = 35;
     Dab(3, 3);
   }
   EXPECT_EQ((std::vector<uint32_t>{35, 35}), headless::Recorded().busyWaits);

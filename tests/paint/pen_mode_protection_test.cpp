@@ -49,7 +49,7 @@ TEST_F(ProtectionTest, MaskAndFurtherPlanesProtectUpToTheFirstEmptySlot) {
           << "mask off " << maskOff << " column " << px;
     EXPECT_EQ(row[5], ReadProtectionPixel(canvas.get(), 2 + 5, 4, 0));
   }
-  disableMask = 1;
+  protection.disableMask = 1;
   EXPECT_EQ(std::vector<uint8_t>(10, 0), Protection(4, 2, 11));
 }
 
@@ -79,8 +79,8 @@ TEST_F(ProtectionTest, SelectionProtectsDuringFillOrWithMaskOutsideSelection) {
   for (int active : {0, 2})
     for (int option : {0, 1, 2}) {
       canvas->activePlane = active;
-      maskOutsideSelection = option == 1;
-      fillInProgress = option == 2;
+      protection.maskOutsideSelection = option == 1;
+      protection.fillInProgress = option == 2;
       KernelRows rows = Fetch(3, 0, kWidth - 1, 0, 0, 15, 11);
       for (int x = 0; x < kWidth; ++x)
         EXPECT_EQ((active == 0 ? m.at(x, 3) : 0) | (option ? sel.at(x, 3) : 0), rows.protect[x])
@@ -88,8 +88,8 @@ TEST_F(ProtectionTest, SelectionProtectsDuringFillOrWithMaskOutsideSelection) {
     }
   // BlendRow asked to add the protection replaces the caller's row with it.
   canvas->activePlane = 0;
-  maskOutsideSelection = 1;
-  fillInProgress = 0;
+  protection.maskOutsideSelection = 1;
+  protection.fillInProgress = 0;
   std::vector<uint8_t> source = RandomBytes(3 * kWidth), tip(kWidth, 0), opacity(kWidth, 0),
                        protect = RandomBytes(kWidth);
   BlendRow(canvas.get(), source.data(), tip.data(), nullptr, opacity.data(), protect.data(), 1, 2,
@@ -113,14 +113,14 @@ TEST_F(ProtectionTest, KernelsRefuseAnyProtectionAndReadInsideThePlane) {
   };
   EXPECT_EQ(PenRead(4, 4), std::vector<uint32_t>{});
   EXPECT_EQ(PenRead(5, 4), pixel(5, 4));
-  disableMask = 1;
+  protection.disableMask = 1;
   EXPECT_EQ(PenRead(4, 4), pixel(4, 4));
   EXPECT_EQ(PenRead(-5, 40), pixel(0, 11));  // off the plane the nearest edge pixel answers
   // The selection refuses with Mask Outside Selection only.
   canvas->selectionPlane = PlaneStore.CreatePlane(kWidth, kHeight, 8, 0, 1, Physical);
   PlaneStore.WritePixel8(canvas->selectionPlane, 5, 4, 1);
   EXPECT_EQ(PenRead(5, 4), pixel(5, 4));
-  maskOutsideSelection = 1;
+  protection.maskOutsideSelection = 1;
   EXPECT_EQ(PenRead(5, 4), std::vector<uint32_t>{});
   // Other planes read their own value three times, with opacity 0.
   canvas->activePlane = 1;
@@ -149,8 +149,8 @@ TEST_F(ProtectionTest, ColourMaskKeepsPaintToColoursNearTheKey) {
       if (255 - int(ref::Mul(im.at(x, 5, c), a.at(x, 5))) > 8) return false;
     return true;
   };
-  colorMaskChoice = 3;  // White
-  colorMaskVagueness = 8;
+  colorMask.choice = 3;  // White
+  colorMask.vagueness = 8;
   for (int tool : {20000, 20005, 20007}) {  // only the freehand tools use it
     currentTool = tool;
     expectKeyed(Fetch(5, 0, kWidth - 1, 0, 0, 15, 11), 5,
@@ -165,8 +165,8 @@ TEST_F(ProtectionTest, ColourMaskKeepsPaintToColoursNearTheKey) {
   expectKeyed(Fetch(5, 0, kWidth - 1, 0, 0, 15, 11), 5, [](int) { return true; });
 
   // StartPosition keys on the middle of the first dab's box.
-  colorMaskChoice = 1;
-  colorMaskVagueness = 0;
+  colorMask.choice = 1;
+  colorMask.vagueness = 0;
   dabCount = 0;
   im = Snap(image);
   expectKeyed(Fetch(2, 0, kWidth - 1, 4, 2, 9, 7), 2, [&](int x) {  // centre (6, 4)

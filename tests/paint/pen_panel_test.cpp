@@ -85,28 +85,28 @@ TEST_F(PenPanelTest, ModesStrengthsSpeedMaskAndFlagsStayInTheirRanges) {
 
   // The slider's position is 100 less the delay.
   SetSpeedSlider(30);
-  EXPECT_EQ(std::make_pair(speedDelay, SpeedSliderPosition()), std::make_pair(70, 30));
+  EXPECT_EQ(std::make_pair(PenBlender.speedDelay, SpeedSliderPosition()), std::make_pair(70, 30));
   SetSpeedSlider(-5);
-  EXPECT_EQ(100, speedDelay);
+  EXPECT_EQ(100, PenBlender.speedDelay);
   SetFastest();
-  EXPECT_EQ(std::make_pair(speedDelay, SpeedSliderPosition()), std::make_pair(0, 100));
+  EXPECT_EQ(std::make_pair(PenBlender.speedDelay, SpeedSliderPosition()), std::make_pair(0, 100));
   SetSpeedSlider(150);
-  EXPECT_EQ(0, speedDelay);
+  EXPECT_EQ(0, PenBlender.speedDelay);
 
   ChooseColorMask(3);
-  EXPECT_EQ(3, colorMaskChoice);
+  EXPECT_EQ(3, colorMask.choice);
   ChooseColorMask(9);
-  EXPECT_EQ(4, colorMaskChoice);
+  EXPECT_EQ(4, colorMask.choice);
   EXPECT_EQ("UpperLeft Color", ColorMaskLabel(2));
   EXPECT_EQ("", ColorMaskLabel(5));
   SetVagueness(101);
-  EXPECT_EQ(100, colorMaskVagueness);
+  EXPECT_EQ(100, colorMask.vagueness);
 
   // Each check box has its own word.
   SetPaintFlag(PaintFlag::AntiAlias, false);
   SetPaintFlag(PaintFlag::ReflectDensity, true);
   SetPaintFlag(PaintFlag::AutoSmooth, true);
-  EXPECT_EQ(0, penAntiAlias);
+  EXPECT_EQ(0, PenBlender.antiAlias);
   EXPECT_EQ(std::make_tuple(StrokeEngine.reflectOnThick, StrokeEngine.reflectOnDensity,
                             StrokeEngine.reflectOnSize, StrokeEngine.autoSmooth),
             std::make_tuple(0, 1, 0, 1));

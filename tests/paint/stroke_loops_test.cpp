@@ -13,7 +13,7 @@ using StrokeLoopTest = StrokeTest;
 TEST_F(StrokeLoopTest, ConnectedStrokeJoinsThePixelsThePointerReaches) {
   Canvas* canvas = MakeBlank(64, 64);
   RecordingPen(4);
-  connected = 1;
+  PenBlender.connected = 1;
   Press(20, 30, kLeft);
   Then({{20, 30, kLeft},
         {20, 30, kLeft},
@@ -92,7 +92,7 @@ TEST_F(StrokeLoopTest, ShiftGivesOneDabAndQualityPausesOnlyConnectedPasses) {
   for (int connecting : {1, 0}) {
     recordedDabs.clear();
     dabCount = 0;
-    connected = connecting;
+    PenBlender.connected = connecting;
     Press(10, 12, {platform::VkLeftButton, platform::VkShift});
     Then({{10, 12, kLeft}, {30, 40, kLeft}, {50, 20, kLeft}});
     connecting ? RunConnectedStroke(canvas, 0, 0, 0) : RunFreehandStroke(canvas, 0, 0, 0);
@@ -116,7 +116,7 @@ TEST_F(StrokeLoopTest, ShiftGivesOneDabAndQualityPausesOnlyConnectedPasses) {
 TEST_F(StrokeLoopTest, SegmentWalksInTenthsAndPlacesSpacedDabs) {
   Canvas* canvas = MakeBlank(128, 128);
   RecordingPen(20);
-  connected = 1;
+  PenBlender.connected = 1;
   // A twentieth of the tip's smaller side (42), a pixel at least.
   const double spacing = StrokeSpacing();
   EXPECT_DOUBLE_EQ(spacing, 42 * 0.05);
@@ -149,7 +149,7 @@ TEST_F(StrokeLoopTest, SegmentReportsTheUnionAndPlacesNothingForNoLength) {
   Canvas* canvas = MakeBlank(64, 64);
   RecordingPen(4);
   EXPECT_DOUBLE_EQ(StrokeSpacing(), 1.0);  // half a pixel is raised to one
-  connected = 1;
+  PenBlender.connected = 1;
   int box[4] = {-1, -1, -1, -1}, first = 0;
   auto segment = [&](double x0, double y0, double x1, double y1) {
     DrawPenSegment(canvas, x0, y0, x1, y1, 0, 0, &box[0], &box[1], &box[2], &box[3], 1, 1.0, first);

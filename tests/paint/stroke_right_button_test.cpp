@@ -138,7 +138,7 @@ TEST_F(RightButtonTest, CloneSourceIsTheDragWithShiftAndPenToolsChooseTheirLoop)
                                       {cmd::kFreeHand, kModeColor, 0}}) {
     pen.mode = mode;
     LeftButtonDown(canvas, {tool, 0, 0, 0});
-    EXPECT_EQ(connected, connects) << tool << " " << mode;
+    EXPECT_EQ(PenBlender.connected, connects) << tool << " " << mode;
   }
 }
 

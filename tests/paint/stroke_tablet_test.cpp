@@ -76,7 +76,7 @@ TEST_F(TabletTest, PressureBendsACopyOfThePen) {
 TEST_F(TabletTest, TabletStrokePaintsOnlyWhenPacketsCome) {
   Canvas* canvas = MakeBlank(64, 64);
   RecordingPen(4);
-  connected = 1;
+  PenBlender.connected = 1;
   settings.restrainUndoDuringFreehand = 1;
   Install();
   StrokeEngine.reflectOnThick = 1;
@@ -109,7 +109,7 @@ TEST_F(TabletTest, TabletStrokePaintsOnlyWhenPacketsCome) {
 TEST_F(TabletTest, ReplayFadesAndSmoothsTheRecordedSamples) {
   Canvas* canvas = MakeBlank(64, 64);
   RecordingPen(2);
-  connected = 1;
+  PenBlender.connected = 1;
   StrokeSample* s = StrokeEngine.strokeSamples;
   const float xs[] = {10, 14, 20, 27, 31}, ys[] = {30, 28, 27, 22, 12};
   const int pressures[] = {200, 180, 240, 90, 160};

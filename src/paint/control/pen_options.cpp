@@ -18,7 +18,7 @@ uint32_t Byte(int value) { return uint32_t(std::clamp(value, 0, 255)); }
 
 int32_t& FlagWord(PaintFlag flag) {
   switch (flag) {
-    case PaintFlag::AntiAlias: return penAntiAlias;
+    case PaintFlag::AntiAlias: return PenBlender.antiAlias;
     case PaintFlag::ReflectThick: return StrokeEngine.reflectOnThick;
     case PaintFlag::ReflectDensity: return StrokeEngine.reflectOnDensity;
     case PaintFlag::ReflectSize: return StrokeEngine.reflectOnSize;
@@ -42,18 +42,22 @@ std::string PenModeLabel(int mode) {
 void SetColorThickness(int value) { pen.colorThickness = Byte(value); }
 void SetDensity(int value) { pen.density = Byte(value); }
 
-int SpeedSliderPosition() { return kSpeedSliderMax - std::clamp(int(speedDelay), 0, kSpeedSliderMax); }
-void SetSpeedSlider(int position) {
-  speedDelay = kSpeedSliderMax - std::clamp(position, 0, kSpeedSliderMax);
+int SpeedSliderPosition() {
+  return kSpeedSliderMax - std::clamp(int(PenBlender.speedDelay), 0, kSpeedSliderMax);
 }
-void SetFastest() { speedDelay = 0; }
+void SetSpeedSlider(int position) {
+  PenBlender.speedDelay = kSpeedSliderMax - std::clamp(position, 0, kSpeedSliderMax);
+}
+void SetFastest() { PenBlender.speedDelay = 0; }
 
 std::string ColorMaskLabel(int choice) {
   return choice >= 0 && choice < kColorMaskChoices ? StringText(kStringColorMaskLabels + choice)
                                                    : "";
 }
-void ChooseColorMask(int choice) { colorMaskChoice = std::clamp(choice, 0, kColorMaskChoices - 1); }
-void SetVagueness(int value) { colorMaskVagueness = std::clamp(value, 0, kVaguenessMax); }
+void ChooseColorMask(int choice) {
+  colorMask.choice = std::clamp(choice, 0, kColorMaskChoices - 1);
+}
+void SetVagueness(int value) { colorMask.vagueness = std::clamp(value, 0, kVaguenessMax); }
 
 bool PaintFlagOn(PaintFlag flag) { return FlagWord(flag) != 0; }
 void SetPaintFlag(PaintFlag flag, bool on) { FlagWord(flag) = on ? 1 : 0; }

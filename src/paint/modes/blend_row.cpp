@@ -30,7 +30,7 @@ BlendTarget TargetOf(Canvas* canvas, int kind) {
   const bool image = ActiveIsImage(canvas);
   const bool useTransparency =
       image && canvas->planes[ActiveLayerBase(canvas) + kTransparencyPosition].plane &&
-      kind != kBlendColorOnly && !protectTransparency;
+      kind != kBlendColorOnly && !protection.protectTransparency;
   const TransparencyBlend how = !useTransparency        ? TransparencyBlend::None
                                 : kind == kBlendReplace ? TransparencyBlend::Replace
                                                         : TransparencyBlend::Over;
@@ -86,7 +86,7 @@ void BlendRow(Canvas* canvas, const uint8_t* sourceRow, const uint8_t* tipHighRo
   const int count = x1 - x0 + 1;
   if (addProtection) {
     if (target.image) ReadProtectionRow(canvas, y, x0, x1, protectRow, ActiveLayerBase(canvas));
-    if (maskOutsideSelection) {
+    if (protection.maskOutsideSelection) {
       ReadSelectionBytes(canvas, y, x0, x1, selectionRow);
       OrRow(protectRow, selectionRow, count);
     }

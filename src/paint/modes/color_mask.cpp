@@ -10,8 +10,7 @@
 #include "paint/stroke/dab_count.h"
 #include "pixel/mul_table.h"
 
-int32_t colorMaskChoice = 0;
-int32_t colorMaskVagueness = 0;
+ColorMaskOptions colorMask;
 
 namespace {
 
@@ -37,7 +36,7 @@ void MakeMap(Canvas* canvas, int centreX, int centreY) {
   const PlaneSlot& slot = ActiveSlot(canvas);
   if (!slot.plane || slot.plane->width > kPenRowPixels) return;
   uint8_t key[3];
-  switch (colorMaskChoice) {
+  switch (colorMask.choice) {
     case kMaskStart:
       KeyAt(canvas, centreX, centreY, key);
       break;
@@ -64,7 +63,7 @@ void MakeMap(Canvas* canvas, int centreX, int centreY) {
       bool near = true;
       for (int c = 0; c < 3; ++c) {
         const int value = image ? Mul255(colorRow[3 * i + c], opacityRow[i]) : colorRow[3 * i + c];
-        near = near && std::abs(value - key[c]) <= colorMaskVagueness;
+        near = near && std::abs(value - key[c]) <= colorMask.vagueness;
       }
       mapRow[i] = near ? 0 : 255;
     }
@@ -76,7 +75,7 @@ void MakeMap(Canvas* canvas, int centreX, int centreY) {
 
 // The colour mask works for the two freehand tools only.
 bool ColorMaskActive() {
-  return colorMaskChoice != kMaskNone &&
+  return colorMask.choice != kMaskNone &&
          (currentTool == cmd::kFreeHand || currentTool == cmd::kFreeHandConnect);
 }
 

@@ -6,11 +6,14 @@
 
 #include "document/canvas.h"
 
-// The "Color Mask" list (strings 22000 on): 0 "None", 1 "StartPosition",
-// 2 "UpperLeft Color", 3 "White", 4 "Black".
-extern int32_t colorMaskChoice;
-// The "Vagueness" slider, 0..100: how far each channel may be from the key.
-extern int32_t colorMaskVagueness;
+struct ColorMaskOptions {
+  // The "Color Mask" list (strings 22000 on): 0 "None", 1 "StartPosition",
+  // 2 "UpperLeft Color", 3 "White", 4 "Black".
+  int32_t choice = 0;
+  // The "Vagueness" slider, 0..100: how far each channel may be from the key.
+  int32_t vagueness = 0;
+};
+extern ColorMaskOptions colorMask;
 // Ors the colour mask into protectRow for canvas columns x0..x1 of row y,
 // making the map at the first row of a stroke's first dab. The box centre
 // gives the key of choice 1.

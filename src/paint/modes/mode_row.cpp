@@ -67,7 +67,7 @@ void PlaneProtection(Canvas* canvas, uint8_t* out, int y0, int n, int x0, int x1
     ReadProtectionRows(canvas, y0, n, x0, x1, out, stride, ActiveLayerBase(canvas));
   else
     ClearRows(out, n, size_t(count), stride);
-  if (!fillInProgress && !maskOutsideSelection) return;
+  if (!protection.fillInProgress && !protection.maskOutsideSelection) return;
   for (int i = 0; i < n; ++i) {
     ReadSelectionBytes(canvas, y0 + i, x0, x1, selectionProtection);
     OrRow(out + size_t(i) * stride, selectionProtection, count);
@@ -75,7 +75,8 @@ void PlaneProtection(Canvas* canvas, uint8_t* out, int y0, int n, int x0, int x1
 }
 
 void AddPlaneProtection(Canvas* canvas, uint8_t* protectRow, int y, int x0, int x1) {
-  if (!ActiveIsImage(canvas) && !fillInProgress && !maskOutsideSelection) return;
+  if (!ActiveIsImage(canvas) && !protection.fillInProgress && !protection.maskOutsideSelection)
+    return;
   PlaneProtection(canvas, planeProtection, y, 1, x0, x1, 0);
   OrRow(protectRow, planeProtection, x1 - x0 + 1);
 }

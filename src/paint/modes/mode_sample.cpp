@@ -64,7 +64,7 @@ int Blur2Kernel(Canvas* canvas, const ModeRows& rows, const RowSpan& span, const
       ReadProtectionRow(canvas, y, x0, x1, excluded, ActiveLayerBase(canvas));
     else
       std::memset(excluded, 0, size_t(n));
-    if (maskOutsideSelection) {
+    if (protection.maskOutsideSelection) {
       ReadSelectionBytes(canvas, y, x0, x1, readRows[2].ok);
       OrRow(excluded, readRows[2].ok, n);
     }

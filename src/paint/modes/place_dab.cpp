@@ -14,13 +14,15 @@
 #include "platform/platform.h"
 
 PenBlenderObject PenBlender;
-int32_t connected = 0;
-int32_t penAntiAlias = 1;
-int32_t speedDelay = 0;
 Plane* undoPenImage = nullptr;
 Plane* undoPenTransparency = nullptr;
 
-void PenBlenderObject::Reset() { lastDabX = lastDabY = 0.0; }
+void PenBlenderObject::Reset() {
+  lastDabX = lastDabY = 0.0;
+  connected = 0;
+  antiAlias = 1;
+  speedDelay = 0;
+}
 
 void ResetPenModes() {
   PenBlender.Reset();
@@ -28,12 +30,8 @@ void ResetPenModes() {
   PlaneStore.FreePlane(&undoPenImage);
   PlaneStore.FreePlane(&undoPenTransparency);
   FreeColorMaskMap();
-  connected = 0;
-  penAntiAlias = 1;
-  speedDelay = 0;
-  colorMaskChoice = 0;
-  colorMaskVagueness = 0;
-  disableMask = maskOutsideSelection = fillInProgress = protectTransparency = 0;
+  colorMask = {};
+  protection = {};
   gradientRowSource = nullptr;
   toneRowFilter = nullptr;
 }
@@ -57,7 +55,7 @@ void Repaint(Canvas* canvas, const Box& box) {
 }
 
 void WaitForSpeed() {
-  if (speedDelay > 0) platform::BusyWait(uint32_t(speedDelay));
+  if (PenBlender.speedDelay > 0) platform::BusyWait(uint32_t(PenBlender.speedDelay));
 }
 
 // Only the 16-bit blend reads the low bytes of the tip.
@@ -116,7 +114,7 @@ void RestoreDab(Canvas* canvas, int x, int y, int* outLeft, int* outTop, int* ou
 int PlaceDab(Canvas* canvas, double x, double y, int refresh, int rightButton, int* outLeft,
              int* outTop, int* outRight, int* outBottom, double spacing, int& first) {
   Box box;
-  if (!penAntiAlias) {
+  if (!PenBlender.antiAlias) {
     const int ix = int(x + 0.5), iy = int(y + 0.5);
     WaitForSpeed();
     if (rightButton)
@@ -132,7 +130,7 @@ int PlaceDab(Canvas* canvas, double x, double y, int refresh, int rightButton, i
       // leaves it out; a stationary stroke paints on.
       const int px = int(x), py = int(y);
       Report(Box{px, py, px, py}, outLeft, outTop, outRight, outBottom);
-      if (connected) return 0;
+      if (PenBlender.connected) return 0;
     }
     PenBlender.lastDabX = x;
     PenBlender.lastDabY = y;

@@ -33,21 +33,20 @@ struct PenBlenderObject {
   uint8_t shiftedHigh[kShiftedTipBytes + kRowBlock];
   uint8_t shiftedLow[kShiftedTipBytes + kRowBlock];
   double lastDabX = 0.0, lastDabY = 0.0;  // the last dab accepted
+  // 1 while the stroke runs through the segment walker: PlaceDab then
+  // refuses a dab nearer than `spacing` to the last one.
+  int32_t connected = 0;
+  // The "Anti-Alias" check box of the paint panel: dabs at sub-pixel
+  // positions. On at start.
+  int32_t antiAlias = 1;
+  // Milliseconds of busy wait before each dab, 0..100 (the "Speed" slider
+  // stores 100 minus its position; "Fastest" sets 0).
+  int32_t speedDelay = 0;
 
   void Reset();
 };
 
 extern PenBlenderObject PenBlender;
-
-// 1 while the stroke runs through the segment walker: PlaceDab then
-// refuses a dab nearer than `spacing` to the last one.
-extern int32_t connected;
-// The "Anti-Alias" check box of the paint panel: dabs at sub-pixel
-// positions. On at start.
-extern int32_t penAntiAlias;
-// Milliseconds of busy wait before each dab, 0..100 (the "Speed" slider
-// stores 100 minus its position; "Fastest" sets 0).
-extern int32_t speedDelay;
 
 // The Undo Pen snapshot: the active plane as 24 bits and its transparency,
 // both of the canvas's size, taken by the stroke loops when a left stroke

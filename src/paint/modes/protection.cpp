@@ -6,10 +6,7 @@
 #include "paint/modes/pen_rows.h"
 #include "pixel/mul_table.h"
 
-int32_t disableMask = 0;
-int32_t maskOutsideSelection = 0;
-int32_t fillInProgress = 0;
-int32_t protectTransparency = 0;
+ProtectionOptions protection;
 
 namespace {
 
@@ -56,7 +53,7 @@ void ReadProtectionRows(Canvas* canvas, int y0, int n, int x0, int x1, uint8_t* 
   if (x1 < x0) return;
   const size_t count = static_cast<size_t>(static_cast<unsigned>(x1 - x0)) + 1;
   ClearRows(out, n, count, stride);
-  if (disableMask) return;
+  if (protection.disableMask) return;
   const PlaneSlot* slots = &canvas->planes[layerBase];
   const PlaneSlot& mask = slots[kMaskPosition];
   if (mask.plane && !mask.planeOff) ReadSlotRows(mask, y0, n, x0, x1, out, stride);
@@ -131,11 +128,11 @@ void ReadPenPiece(Canvas* canvas, int y, int x0, int x1, uint8_t* color24, uint8
     for (int i = 0; i < n; ++i)
       if (refusalRow[i]) ok[i] = 0;
   };
-  if (image && !disableMask) {
+  if (image && !protection.disableMask) {
     ReadProtectionRow(canvas, y, x0, x1, refusalRow, ActiveLayerBase(canvas));
     refuse();
   }
-  if (maskOutsideSelection) {
+  if (protection.maskOutsideSelection) {
     ReadSelectionBytes(canvas, y, x0, x1, refusalRow);
     refuse();
   }

@@ -7,14 +7,17 @@
 
 #include "document/canvas.h"
 
-// "Disable Mask": the layer's mask and further planes protect nothing.
-extern int32_t disableMask;
-// "Mask Outside Selection": what lies outside the selection is protected.
-extern int32_t maskOutsideSelection;
-// Set by Fill while it runs: the selection protects whatever the option.
-extern int32_t fillInProgress;
-// The layer panel's [T] toggle: painting leaves the transparency plane be.
-extern int32_t protectTransparency;
+struct ProtectionOptions {
+  // "Disable Mask": the layer's mask and further planes protect nothing.
+  int32_t disableMask = 0;
+  // "Mask Outside Selection": what lies outside the selection is protected.
+  int32_t maskOutsideSelection = 0;
+  // Set by Fill while it runs: the selection protects whatever the option.
+  int32_t fillInProgress = 0;
+  // The layer panel's [T] toggle: painting leaves the transparency plane be.
+  int32_t protectTransparency = 0;
+};
+extern ProtectionOptions protection;
 
 // Protection of the layer whose position 0 is slot layerBase, for canvas
 // columns x0..x1 of rows y0 to y0 + n - 1, row i at i * stride into out:

@@ -24,7 +24,7 @@ bool ModeConnects(uint32_t mode) {
 }
 
 int Stroke(Canvas* canvas, int connecting, int rightButton) {
-  connected = connecting;
+  PenBlender.connected = connecting;
   return connecting ? RunConnectedStroke(canvas, 0, 0, rightButton)
                     : RunFreehandStroke(canvas, 0, 0, rightButton);
 }

@@ -40,8 +40,8 @@ const NumberSlider kNumberSliders[] = {
     {IDC_THICK_SLIDER, IDC_THICK_VALUE, 255, [] { return int(pen.colorThickness); },
      SetColorThickness},
     {IDC_DENSITY_SLIDER, IDC_DENSITY_VALUE, 255, [] { return int(pen.density); }, SetDensity},
-    {IDC_VAGUENESS_SLIDER, IDC_VAGUENESS_VALUE, kVaguenessMax, [] { return int(colorMaskVagueness); },
-     SetVagueness},
+    {IDC_VAGUENESS_SLIDER, IDC_VAGUENESS_VALUE, kVaguenessMax,
+     [] { return int(colorMask.vagueness); }, SetVagueness},
 };
 
 struct FlagBox {
@@ -77,7 +77,7 @@ void ShowPen(HWND page) {
   SetSlider(page, IDC_SPEED_SLIDER, SpeedSliderPosition());
   for (const FlagBox& box : kFlagBoxes)
     CheckDlgButton(page, box.id, PaintFlagOn(box.flag) ? BST_CHECKED : BST_UNCHECKED);
-  SendDlgItemMessageW(page, IDC_COLOR_MASK, CB_SETCURSEL, WPARAM(colorMaskChoice), 0);
+  SendDlgItemMessageW(page, IDC_COLOR_MASK, CB_SETCURSEL, WPARAM(colorMask.choice), 0);
   state.showing = false;
 }
 
