@@ -28,7 +28,7 @@ void StripeTone(int, int x0, int x1, int, int, int, int, uint8_t* row, int init)
 
 TEST_F(ColorModeTest, FlatColourAndGradientAreCutByToneAndMask) {
   for (bool tone : {false, true}) {
-    toneRowFilter = tone ? StripeTone : nullptr;
+    penSources.toneRow = tone ? StripeTone : nullptr;
     KernelRows rows = Fetch(4, -2, 13, -2, 0, 13, 11);
     EXPECT_EQ(0, rows.kind);
     for (int i = 0; i < 16; ++i) {
@@ -38,10 +38,10 @@ TEST_F(ColorModeTest, FlatColourAndGradientAreCutByToneAndMask) {
     }
   }
   // A gradient comes from its source, or paints nothing without one.
-  toneRowFilter = nullptr;
+  penSources.toneRow = nullptr;
   pen.colorStyle = 1;
   EXPECT_EQ(std::vector<uint8_t>(6, 255), Fetch(2, 1, 6, 1, 1, 6, 5).protect);
-  gradientRowSource = [](uint8_t* row, int y, int x0, int x1, int left, int top, int right,
+  penSources.gradientRow = [](uint8_t* row, int y, int x0, int x1, int left, int top, int right,
                          int bottom) {
     for (int x = x0; x <= x1; ++x)
       row[3 * (x - x0)] = uint8_t(x - left), row[3 * (x - x0) + 1] = uint8_t(y - top),
@@ -68,7 +68,7 @@ TEST_F(ColorModeTest, PatternIsAnchoredToTheCanvasOrMovesAsATip) {
   Put(pen.patternImage, picture);
   Put(pen.patternAlpha, alphaBytes);
   pen.patternActive = 1;
-  toneRowFilter = StripeTone;
+  penSources.toneRow = StripeTone;
   for (int asTip : {0, 1}) {
     patternIsTip = asTip;
     const int y = 7, x0 = -3, x1 = 12, boxTop = 5;

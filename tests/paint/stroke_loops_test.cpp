@@ -59,7 +59,7 @@ TEST_F(StrokeLoopTest, FreehandPaintsEveryPassAtTheWholePixelWithRowCachesWide) 
   watched[1] = canvas->planes[kTransparencyPosition].plane;
   ASSERT_TRUE(watched[0] && watched[1]);
   // A tone that cuts nothing looks at the row caches at each row of each dab.
-  toneRowFilter = [](int, int x0, int x1, int, int, int, int, uint8_t* row, int) {
+  penSources.toneRow = [](int, int x0, int x1, int, int, int, int, uint8_t* row, int) {
     std::fill_n(row, x1 - x0 + 1, 255);
     wide.push_back(watched[0]->rowCacheWide & watched[1]->rowCacheWide);
   };

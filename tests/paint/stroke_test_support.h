@@ -66,7 +66,7 @@ class StrokeTest : public TeselTest {
     pen.radiusX = pen.radiusY = radius;
     BuildTip();
     pen.colorStyle = 1;
-    gradientRowSource = RecordDab;
+    penSources.gradientRow = RecordDab;
   }
   // A block tip of the radius (one full pixel at its top left for 0).
   static void BlockPen(double radius, uint32_t red, uint32_t green, uint32_t blue) {

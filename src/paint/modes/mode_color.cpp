@@ -43,15 +43,15 @@ void FillColor(uint8_t* row, int count) {
 }
 
 bool FlatColorKernel() {
-  return pen.mode == kModeColor && pen.colorStyle != 1 && !PatternActive() && !toneRowFilter;
+  return pen.mode == kModeColor && pen.colorStyle != 1 && !PatternActive() && !penSources.toneRow;
 }
 
 int ColorKernel(Canvas*, const ModeRows& rows, const RowSpan& span, const DabBox& box) {
   const int count = span.Count();
   if (pen.colorStyle == 1) {
     // A gradient pen paints nothing until gradients are there to give it.
-    if (!gradientRowSource) return PaintNothing(rows, span);
-    gradientRowSource(rows.source, span.y, span.x0, span.x1, box.left, box.top, box.right,
+    if (!penSources.gradientRow) return PaintNothing(rows, span);
+    penSources.gradientRow(rows.source, span.y, span.x0, span.x1, box.left, box.top, box.right,
                       box.bottom);
     std::memset(rows.protect, 0, size_t(count));
     return kBlendOver;
@@ -62,7 +62,7 @@ int ColorKernel(Canvas*, const ModeRows& rows, const RowSpan& span, const DabBox
   } else {
     FillColor(rows.source, count);
     // Uncut, the flat colour covers everything.
-    if (!toneRowFilter) {
+    if (!penSources.toneRow) {
       std::memset(rows.protect, 0, size_t(count));
       return kBlendOver;
     }

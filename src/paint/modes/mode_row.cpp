@@ -8,8 +8,7 @@
 #include "paint/tip/pen_record.h"
 
 PenKernelsObject PenKernels;
-GradientRowSource gradientRowSource = nullptr;
-ToneRowFilter toneRowFilter = nullptr;
+PenSources penSources;
 
 void PenKernelsObject::Reset() {
   PlaneStore.FreePlane(&sourceTile);
@@ -25,8 +24,8 @@ void SetSourceTile(Plane* tile) {
 
 void CutByTone(int y, int x0, int x1, int left, int top, int right, int bottom, uint8_t* row,
                int init) {
-  if (toneRowFilter)
-    toneRowFilter(y, x0, x1, left, top, right, bottom, row, init);
+  if (penSources.toneRow)
+    penSources.toneRow(y, x0, x1, left, top, right, bottom, row, init);
   else if (init)
     std::memset(row, 255, size_t(x1 - x0 + 1));
 }

@@ -6,6 +6,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 
 #include "document/canvas.h"
 #include "paint/modes/pen_rows.h"
@@ -58,20 +59,22 @@ extern PenKernelsObject PenKernels;
 // a copy of a chosen layer. The previous tile is freed; null drops it.
 void SetSourceTile(Plane* tile);
 
-// Sources of mode Color that other subsystems provide. Each is null until
-// its subsystem registers it.
-//   gradientRow: the colour row of the gradient over the box, for
-//     colorStyle 1. Without it a gradient pen paints nothing.
-//   toneRow: cuts a coverage row, columns x0..x1 of line y, by the Tone
-//     Filter's patterns over the box; with init the row is first filled
-//     with 255. Without it no pattern is set: init fills, else the row
-//     stays.
-using GradientRowSource = void (*)(uint8_t* sourceRow, int y, int x0, int x1, int boxLeft,
-                                   int boxTop, int boxRight, int boxBottom);
-using ToneRowFilter = void (*)(int y, int x0, int x1, int left, int top, int right, int bottom,
-                               uint8_t* row, int init);
-extern GradientRowSource gradientRowSource;
-extern ToneRowFilter toneRowFilter;
+// Sources of mode Color that other subsystems provide. Each is empty until
+// its subsystem fills it.
+struct PenSources {
+  // The colour row of the gradient over the box, for colorStyle 1. Without
+  // it a gradient pen paints nothing.
+  std::function<void(uint8_t* sourceRow, int y, int x0, int x1, int boxLeft, int boxTop,
+                     int boxRight, int boxBottom)>
+      gradientRow;
+  // Cuts a coverage row, columns x0..x1 of line y, by the Tone Filter's
+  // patterns over the box; with init the row is first filled with 255.
+  // Without it no pattern is set: init fills, else the row stays.
+  std::function<void(int y, int x0, int x1, int left, int top, int right, int bottom,
+                     uint8_t* row, int init)>
+      toneRow;
+};
+extern PenSources penSources;
 
 // The Tone Filter applied to a coverage row (as registered, or none).
 void CutByTone(int y, int x0, int x1, int left, int top, int right, int bottom, uint8_t* row,

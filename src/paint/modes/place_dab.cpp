@@ -32,8 +32,7 @@ void ResetPenModes() {
   FreeColorMaskMap();
   colorMask = {};
   protection = {};
-  gradientRowSource = nullptr;
-  toneRowFilter = nullptr;
+  penSources = {};
 }
 
 namespace {
