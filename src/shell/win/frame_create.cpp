@@ -7,20 +7,13 @@
 
 #include "base/command_ids.h"
 #include "display/win/view_windows_win.h"
-#include "paint/modes/color_mask.h"
-#include "paint/stroke/stroke_routes.h"
-#include "paint/tip/pen_state.h"
-#include "paint/tip/tip.h"
 #include "paint/win/stroke_windows_win.h"
 #include "platform/win32/win32_platform.h"
 #include "platform/win32/win32_windows.h"
 #include "resources/strings.h"
 #include "settings/settings.h"
 #include "shell/frame_layout.h"
-#include "shell/right_click_keys.h"
-#include "shell/smooth_zoom_tool.h"
-#include "shell/tool_change.h"
-#include "shell/undo_commands.h"
+#include "shell/install.h"
 #include "shell/win/dialogs.h"
 #include "shell/win/frame_menus.h"
 #include "shell/win/frame_window.h"
@@ -80,16 +73,11 @@ bool OnFrameCreate(HWND frame, const CREATESTRUCTW* create) {
   BindWindows();
   ConnectShellWindows();
   InstallViewWindows();
-  InstallStrokeEngine();
   InstallStrokeWindows();
-  // The settings are read by now: the pen of the last run comes back.
-  LoadPenState();
-  BuildTip();
-  InstallUndoHistory();
-  InstallSmoothZoomTool(tempFolder);
+  // The settings are read by now.
+  InstallSubsystems(tempFolder);
   RegisterFrameDialogs();
   RegisterHelpCommand();
-  InstallRightClickKeys();
   DragAcceptFiles(frame, TRUE);
   ShowHistoryInMenus();
   // The files of the command line open once the loop runs.
