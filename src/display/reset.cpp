@@ -1,7 +1,6 @@
 #include "display/reset.h"
 
 #include "display/compose_rows.h"
-#include "display/grid_command.h"
 #include "display/pointer_routing.h"
 #include "display/smooth_zoom.h"
 #include "display/smooth_zoom_choice.h"

@@ -21,7 +21,6 @@ void RouteCommand(int id, intptr_t lParam) {
 }
 
 void ResetCommandRouting() {
-  ClearCommandHandlers();
   undoSnapshotHooks.Clear();
   layerResizeDragging = false;
   textDialogOpen = false;

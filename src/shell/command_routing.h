@@ -36,5 +36,6 @@ void CanvasCommand(Canvas* canvas, int id, intptr_t lParam = 0);
 // taken here by the undo history once it registers.
 extern HookList<Canvas*> undoSnapshotHooks;
 
-// Drops every registration and clears the flags above (tests).
+// Clears the hooks and flags above (tests); the registrations are the base
+// level's (ResetBase).
 void ResetCommandRouting();

@@ -50,7 +50,7 @@ void ChangeTool(int tool, const std::string& path) {
 }
 
 void ResetToolState() {
-  currentTool = previousTool = cmd::kFreeHandConnect;
+  previousTool = cmd::kFreeHandConnect;
   lastDraftTool = 0;
   toolStarts.clear();
   draftStoreHooks.Clear();

@@ -44,5 +44,6 @@ void ChangeTool(int tool, const std::string& path = {});
 // A tool of the selection family (the Draft tools and Edit Bezier).
 bool IsDraftTool(int tool);
 
-// currentTool 20005, no remembered tool, no start routines (tests).
+// No remembered tool and no start routines (tests); currentTool is the base
+// level's (ResetBase).
 void ResetToolState();

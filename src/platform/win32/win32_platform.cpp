@@ -1,7 +1,6 @@
 // The seam on Win32: the product's implementation.
 #include "platform/win32/win32_platform.h"
 
-#include <algorithm>
 #include <array>
 #include <cstdlib>
 #include <cstring>
@@ -31,21 +30,6 @@ void SetCustomCursor(const char* name) {
 }
 
 bool CustomCursorShown() { return customCursor; }
-
-void CentreOnOwner(HWND window) {
-  HWND owner = GetWindow(window, GW_OWNER);
-  RECT own, rect;
-  if (!owner || !GetWindowRect(owner, &own) || !GetWindowRect(window, &rect)) return;
-  MONITORINFO monitor{};
-  monitor.cbSize = sizeof monitor;
-  GetMonitorInfoW(MonitorFromWindow(owner, MONITOR_DEFAULTTONEAREST), &monitor);
-  const RECT& work = monitor.rcWork;
-  const LONG width = rect.right - rect.left, height = rect.bottom - rect.top;
-  LONG x = (own.left + own.right - width) / 2, y = (own.top + own.bottom - height) / 2;
-  x = std::max(work.left, std::min(x, work.right - width));
-  y = std::max(work.top, std::min(y, work.bottom - height));
-  SetWindowPos(window, nullptr, x, y, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
-}
 
 std::wstring Widen(const std::string& utf8) {
   if (utf8.empty()) return {};

@@ -17,10 +17,6 @@ void SetCustomCursor(const char* name);
 // A custom cursor is shown.
 bool CustomCursorShown();
 
-// Moves a window so that it stands centred on its owner, kept inside the
-// work area of the owner's monitor.
-void CentreOnOwner(HWND window);
-
 std::wstring Widen(const std::string& utf8);
 std::string Narrow(const std::wstring& wide);
 

@@ -1,5 +1,7 @@
 #include "platform/win32/win32_windows.h"
 
+#include <algorithm>
+
 namespace win32 {
 
 namespace {
@@ -47,6 +49,21 @@ bool RegisterWindowClass(const WindowClass& c) {
 bool RunDialog(const wchar_t* name, HWND owner, const Dialog& dialog) {
   return DialogBoxParamW(ProgramInstance(), name, owner, DialogProc,
                          reinterpret_cast<LPARAM>(&dialog)) == IDOK;
+}
+
+void CentreOnOwner(HWND window) {
+  HWND owner = GetWindow(window, GW_OWNER);
+  RECT own, rect;
+  if (!owner || !GetWindowRect(owner, &own) || !GetWindowRect(window, &rect)) return;
+  MONITORINFO monitor{};
+  monitor.cbSize = sizeof monitor;
+  GetMonitorInfoW(MonitorFromWindow(owner, MONITOR_DEFAULTTONEAREST), &monitor);
+  const RECT& work = monitor.rcWork;
+  const LONG width = rect.right - rect.left, height = rect.bottom - rect.top;
+  LONG x = (own.left + own.right - width) / 2, y = (own.top + own.bottom - height) / 2;
+  x = std::max(work.left, std::min(x, work.right - width));
+  y = std::max(work.top, std::min(y, work.bottom - height));
+  SetWindowPos(window, nullptr, x, y, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 }  // namespace win32

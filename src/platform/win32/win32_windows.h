@@ -1,6 +1,6 @@
 // What every win/ folder needs of Win32 to make its windows: the module
-// that holds the program's resources, window classes, and modal dialogs
-// with OK and Cancel.
+// that holds the program's resources, window classes, modal dialogs with
+// OK and Cancel, and where a new window stands.
 #pragma once
 
 #include <windows.h>
@@ -40,5 +40,9 @@ struct Dialog {
 
 // Runs it owned by `owner`; true when it closed with OK.
 bool RunDialog(const wchar_t* name, HWND owner, const Dialog& dialog);
+
+// Moves a window so that it stands centred on its owner, kept inside the
+// work area of the owner's monitor.
+void CentreOnOwner(HWND window);
 
 }  // namespace win32

@@ -187,7 +187,7 @@ INT_PTR CALLBACK PageProc(HWND page, UINT message, WPARAM wParam, LPARAM lParam)
 // The sheet stands where the system puts a new window; it goes to the
 // middle of the frame, as dialogs do.
 int CALLBACK SheetCallback(HWND sheet, UINT message, LPARAM) {
-  if (message == PSCB_INITIALIZED) platform::CentreOnOwner(sheet);
+  if (message == PSCB_INITIALIZED) win32::CentreOnOwner(sheet);
   return 0;
 }
 
