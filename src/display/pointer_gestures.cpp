@@ -1,6 +1,7 @@
 #include "display/pointer_gestures.h"
 
 #include "display/view_scroll.h"
+#include "base/command_ids.h"
 
 namespace {
 
@@ -32,10 +33,10 @@ void ZoomDrag(Canvas* canvas, int screenX) {
   while (Held(PointerButton::Right)) {
     const int x = viewWindows.pointer(canvas).screenX;
     if (x - start >= kZoomDragStep) {
-      viewWindows.sendCommand(canvas, kZoomInCommand);
+      viewWindows.sendCommand(canvas, cmd::kZoomIn);
       start = x;
     } else if (start - x >= kZoomDragStep) {
-      viewWindows.sendCommand(canvas, kZoomOutCommand);
+      viewWindows.sendCommand(canvas, cmd::kZoomOut);
       start = x;
     }
   }

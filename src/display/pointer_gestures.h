@@ -5,8 +5,6 @@
 #include "display/view_windows.h"
 #include "document/canvas.h"
 
-constexpr int kZoomInCommand = 11014;
-constexpr int kZoomOutCommand = 11015;
 // Horizontal travel of the pointer that makes one zoom step.
 constexpr int kZoomDragStep = 21;
 

@@ -49,11 +49,11 @@ ToolRoute ToolRouteOf(int tool) {
       return ToolRoute::PenStroke;
     case cmd::kFreeHand:
       return ToolRoute::PlainStroke;
-    case 14001:
-    case 14003:
-    case 20006:
-    case 20013:
-    case 20507:
+    case cmd::kPaste:
+    case cmd::kPasteFromFile:
+    case cmd::kPlaceText:
+    case cmd::kEditBezier:
+    case cmd::kSmoothZoom:
       return ToolRoute::DraftObject;
     default:
       return ToolRoute::DraftPoint;

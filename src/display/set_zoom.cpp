@@ -6,6 +6,7 @@
 #include "display/view_scroll.h"
 #include "display/zoom.h"
 #include "settings/settings.h"
+#include "base/command_ids.h"
 
 namespace {
 
@@ -21,7 +22,7 @@ CanvasPoint PointToKeep(Canvas* canvas, int keepCentre) {
 // The extents must follow the new zoom before the scroll goes anywhere.
 void LayOutAgain(Canvas* canvas) {
   if (settings.autoAdjustWindow) {
-    if (viewWindows.sendCommand) viewWindows.sendCommand(canvas, kAdjustWindowSizeCommand);
+    if (viewWindows.sendCommand) viewWindows.sendCommand(canvas, cmd::kAdjustWindowSize);
   } else if (viewWindows.resendDocumentSize) {
     viewWindows.resendDocumentSize(canvas);
   }

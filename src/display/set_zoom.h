@@ -5,8 +5,6 @@
 
 #include "document/canvas.h"
 
-constexpr int kAdjustWindowSizeCommand = 12004;
-
 // Sets the zoom step (kept within -3..10), lays the document out for it,
 // scrolls and updates the status bar's zoom read-out. With keepCentre
 // set, or with the pointer outside the document window, the point kept is

@@ -7,7 +7,7 @@
 #include "base/command_ids.h"
 #include "base/command_registry.h"
 #include "shell/command_routing.h"
-#include "shell/command_table.h"
+#include "base/command_table.h"
 #include "shell/documents.h"
 #include "shell/history_menu.h"
 #include "shell/shell_windows.h"

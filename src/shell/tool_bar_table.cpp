@@ -1,16 +1,17 @@
 #include "shell/tool_bar_table.h"
 
+#include "base/command_ids.h"
 #include "settings/settings.h"
 
 ToolItem toolItems[] = {
-    {10002, 1}, {10003, 1}, {10004, 1}, {10005, 1}, {kToolSmallGap, 1},
-    {14010, 1}, {14012, 1}, {14000, 1}, {14001, 1}, {kToolSmallGap, 1},
-    {20005, 1}, {20000, 1}, {20001, 1}, {20002, 1}, {20003, 1},
-    {20004, 1}, {20008, 1}, {20010, 1}, {20011, 1}, {20012, 1},
-    {20009, 1}, {20007, 1}, {20500, 1}, {23010, 1}, {kToolGap, 1},
-    {21000, 1}, {21001, 1}, {21026, 1}, {21020, 1}, {kToolGap, 1},
-    {22000, 1}, {21023, 1}, {21012, 1}, {kToolGap, 1}, {21022, 1},
-    {21042, 1}, {11014, 1}, {11015, 1}, {kToolGap, 1}, {kToolListEnd, 0},
+    {cmd::kNew, 1}, {cmd::kOpen, 1}, {cmd::kSave, 1}, {cmd::kPrint, 1}, {kToolSmallGap, 1},
+    {cmd::kUndo, 1}, {cmd::kRedo, 1}, {cmd::kCopy, 1}, {cmd::kPaste, 1}, {kToolSmallGap, 1},
+    {cmd::kFreeHandConnect, 1}, {cmd::kFreeHand, 1}, {cmd::kSelectionBox, 1}, {cmd::kSelectionLine, 1}, {cmd::kSelectionCircle, 1},
+    {cmd::kSelectionPolygon, 1}, {cmd::kConnectLine, 1}, {cmd::kSplineCurve, 1}, {cmd::kBezier, 1}, {cmd::kFreeBezier, 1},
+    {cmd::kWire, 1}, {cmd::kSeedFill, 1}, {cmd::kDeselect, 1}, {cmd::kShowOutsideBorder, 1}, {kToolGap, 1},
+    {cmd::kFill, 1}, {cmd::kLine, 1}, {cmd::kMagnify, 1}, {cmd::kText, 1}, {kToolGap, 1},
+    {cmd::kToneFilter, 1}, {cmd::kColorAdjustment, 1}, {cmd::kBlankSheet, 1}, {kToolGap, 1}, {cmd::kFilterPanel, 1},
+    {cmd::kSettingsPanel, 1}, {cmd::kZoomIn, 1}, {cmd::kZoomOut, 1}, {kToolGap, 1}, {kToolListEnd, 0},
 };
 
 // Every row before the end mark has its word in the settings record.

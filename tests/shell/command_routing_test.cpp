@@ -6,7 +6,7 @@
 #include "display/view_windows.h"
 #include "document/canvas_manager.h"
 #include "base/command_ids.h"
-#include "shell/command_table.h"
+#include "base/command_table.h"
 #include "shell/history_menu.h"
 #include "shell_fixture.h"
 #include "support/temp_folder.h"

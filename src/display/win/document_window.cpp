@@ -8,12 +8,11 @@
 #include "display/win/document_parts.h"
 #include "platform/win32/win32_platform.h"
 #include "platform/win32/win32_windows.h"
+#include "base/command_ids.h"
 
 DocumentWindowHandlers documentHandlers;
 
 namespace {
-
-constexpr UINT kAdjustWindowSize = 12004;
 
 void SetCanvasWord(HWND window, Canvas* canvas) {
   SetWindowLongPtrW(window, 0, reinterpret_cast<LONG_PTR>(canvas));
@@ -46,7 +45,7 @@ LRESULT Create(HWND window) {
   canvas->displayWnd = GetWindow(frame, GW_CHILD);
   canvas->hRuler = hRuler;
   canvas->vRuler = vRuler;
-  PostMessageW(window, WM_COMMAND, kAdjustWindowSize, 0);
+  PostMessageW(window, WM_COMMAND, cmd::kAdjustWindowSize, 0);
   SetWindowTextW(window, platform::Widen(CanvasManager.TitleText(canvas)).c_str());
   return 0;
 }

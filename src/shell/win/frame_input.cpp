@@ -12,7 +12,6 @@
 
 namespace {
 
-constexpr int kPasteAsLayer = 14004;
 
 bool KeyDown(int key) { return GetKeyState(key) < 0; }
 
@@ -56,7 +55,7 @@ void OnDropFiles(HDROP drop) {
   if (!ReadDrop(drop, block) || block.names.empty()) return;
   const bool canvas = ActiveCanvas() != nullptr;
   if (canvas && PointerOver(platform::Window::LayerPanel)) {
-    Route(kPasteAsLayer, block.names.front());
+    Route(cmd::kPasteFromFileAsLayer, block.names.front());
     return;
   }
   const bool paste = canvas && KeyDown(VK_CONTROL);

@@ -5,11 +5,10 @@
 #include "shell/command_routing.h"
 #include "shell/win/dialogs.h"
 #include "shell/win/shell_globals.h"
+#include "base/command_ids.h"
 
 namespace {
 
-constexpr int kViewSetting = 11000;
-constexpr int kPreference = 11012;
 constexpr wchar_t kVersion[] = L"Version 0.1";
 
 }  // namespace
@@ -23,6 +22,6 @@ void ShowAboutBox() {
 }
 
 void RegisterFrameDialogs() {
-  RegisterFrameCommand(kViewSetting, [](intptr_t) { RunViewSettingDialog(); });
-  RegisterFrameCommand(kPreference, [](intptr_t) { ShowPreferences(frameWnd); });
+  RegisterFrameCommand(cmd::kViewSetting, [](intptr_t) { RunViewSettingDialog(); });
+  RegisterFrameCommand(cmd::kPreference, [](intptr_t) { ShowPreferences(frameWnd); });
 }
