@@ -69,7 +69,7 @@ void TeselDabs(benchmark::State& state) {
       double x, y;
       DabCentre(i, &x, &y);
       int first = 0;
-      PlaceDab(canvas, x, y, 0, 0, nullptr, nullptr, nullptr, nullptr, 1.0, first);
+      PlaceDab(canvas, x, y, 0, 0, nullptr, 1.0, first);
     }
   }
   state.SetItemsProcessed(state.iterations() * kDabsPerRound);

@@ -66,11 +66,11 @@ struct Scene {
                                     reinterpret_cast<uint32_t*>(coverage.data()), kCanvasSide);
     // The window side copies what it is given into the screen, clipped.
     viewWindows.drawPicture = [this](Canvas*, const DibTile* picture, int x, int y,
-                                     const ViewRect& part) {
-      const int left = std::max(0, x + part.x);
-      const int right = std::min(kViewWidth, x + part.x + part.width);
-      const int bottom = std::min(kViewHeight, y + part.y + part.height);
-      for (int r = std::max(0, y + part.y); r < bottom; ++r) {
+                                     const Rect& part) {
+      const int left = std::max(0, x + part.left);
+      const int right = std::min(kViewWidth, x + part.right + 1);
+      const int bottom = std::min(kViewHeight, y + part.bottom + 1);
+      for (int r = std::max(0, y + part.top); r < bottom; ++r) {
         const uint8_t* in = picture->dib + picture->pixelOffset +
                             size_t(picture->height - 1 - (r - y)) * picture->stride;
         uint32_t* out = &screen[size_t(r) * kViewWidth];
@@ -101,7 +101,7 @@ void RedrawView(benchmark::State& state) {
   Scene& scene = TheScene();
   scene.canvas->zoomStep = static_cast<int32_t>(state.range(0));
   for (auto _ : state) {
-    RedrawRect(scene.canvas.get(), 0, 0, kViewWidth - 1, kViewHeight - 1);
+    RedrawRect(scene.canvas.get(), Rect{0, 0, kViewWidth - 1, kViewHeight - 1});
     benchmark::DoNotOptimize(scene.screen.data());
   }
   state.SetItemsProcessed(state.iterations() * kViewPixels);

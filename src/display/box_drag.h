@@ -12,6 +12,3 @@
 // first one), so that the caller can show it.
 CanvasPoint DragCanvasBox(Canvas* canvas, int left, int top, int width, int height,
                           const std::function<void(int left, int top)>& moved);
-
-// The view rectangle of a canvas box, as its inverted frame stands.
-ViewRect BoxInView(const Canvas* canvas, int left, int top, int width, int height);

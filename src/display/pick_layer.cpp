@@ -45,11 +45,9 @@ void MoveLayerByDrag(Canvas* canvas, int layer) {
     canvas->planes[SlotIndex(layer, position)].left = end.x;
     canvas->planes[SlotIndex(layer, position)].top = end.y;
   }
-  const ViewRect from = BoxInView(canvas, first.left, first.top, first.width, first.height);
-  const ViewRect to = BoxInView(canvas, end.x, end.y, first.width, first.height);
-  RedrawRect(canvas, std::min(from.x, to.x), std::min(from.y, to.y),
-             std::max(from.x + from.width, to.x + to.width),
-             std::max(from.y + from.height, to.y + to.height));
+  const Rect from = Rect::OfSize(first.left, first.top, first.width, first.height);
+  const Rect to = Rect::OfSize(end.x, end.y, first.width, first.height);
+  RedrawRect(canvas, Union(ViewRectOf(canvas, from), ViewRectOf(canvas, to)));
 }
 
 }  // namespace

@@ -34,45 +34,42 @@ std::vector<Span> Walk(int first, int last, int size) {
 // screen with a tile's margin. Beyond it the tiles go in several pictures.
 constexpr int64_t kPictureBudget = int64_t{8} << 20;
 
-int64_t Area(const ViewRect& r) { return int64_t{r.width} * r.height; }
+int64_t Area(const Rect& r) { return int64_t{r.Width()} * r.Height(); }
 
-ViewRect ViewOfTile(const Canvas* canvas, const RedrawTile& t) {
-  return ViewRectOf(canvas, t.cx0, t.cy0, t.cx1, t.cy1);
+Rect ViewOfTile(const Canvas* canvas, const RedrawTile& t) {
+  return ViewRectOf(canvas, t.canvasPart);
 }
 
-ViewRect Union(const ViewRect& a, const ViewRect& b) {
-  if (a.width < 1 || a.height < 1) return b;
-  if (b.width < 1 || b.height < 1) return a;
-  const int x = std::min(a.x, b.x), y = std::min(a.y, b.y);
-  return {x, y, std::max(a.x + a.width, b.x + b.width) - x,
-          std::max(a.y + a.height, b.y + b.height) - y};
+// What two drawings cover together; either may be empty.
+Rect Joined(const Rect& a, const Rect& b) {
+  if (a.Empty()) return b;
+  if (b.Empty()) return a;
+  return Union(a, b);
 }
 
-void DrawGrid(Canvas* canvas, const std::vector<RedrawTile>& tiles, const ViewRect& covered) {
-  if (!canvas->gridOn || !viewWindows.drawGridLine || covered.width < 1) return;
-  int cx0 = tiles.front().cx0, cy0 = tiles.front().cy0, cx1 = cx0, cy1 = cy0;
-  for (const RedrawTile& t : tiles) {
-    cx0 = std::min(cx0, t.cx0), cy0 = std::min(cy0, t.cy0);
-    cx1 = std::max(cx1, t.cx1), cy1 = std::max(cy1, t.cy1);
-  }
-  for (const GridLine& line : GridLinesOver(canvas, cx0, cy0, cx1, cy1))
+void DrawGrid(Canvas* canvas, const std::vector<RedrawTile>& tiles, const Rect& covered) {
+  if (!canvas->gridOn || !viewWindows.drawGridLine || covered.Empty()) return;
+  Rect over = tiles.front().canvasPart;
+  for (const RedrawTile& t : tiles) over = Union(over, t.canvasPart);
+  for (const GridLine& line : GridLinesOver(canvas, over.left, over.top, over.right, over.bottom))
     viewWindows.drawGridLine(canvas, line, canvas->gridRed, canvas->gridGreen, canvas->gridBlue,
                              canvas->gridReverse ? 1 : 0, covered);
 }
 
 // The view picture of one tile: composed, scaled to the zoom and dithered
 // for the screen at its place in the view. Null when it can't be made.
-DibTile* MakeViewTile(Canvas* canvas, const RedrawTile& t, const ViewRect& view) {
-  DibTile* tile = Compose(canvas, t.cx0, t.cy0, t.cx1, t.cy1, 1, 0);
+DibTile* MakeViewTile(Canvas* canvas, const RedrawTile& t, const Rect& view) {
+  const Rect& part = t.canvasPart;
+  DibTile* tile = Compose(canvas, part.left, part.top, part.right, part.bottom, 1, 0);
   if (!tile) return nullptr;
   if (canvas->zoomStep != 0) {
-    DibTile* scaled = ScaleToView(canvas, tile, t.cx0, t.cy0, t.cx1, t.cy1);
+    DibTile* scaled = ScaleToView(canvas, tile, part);
     FreeTile(&tile);
     if (!scaled) return nullptr;
     tile = scaled;
   }
   if (viewWindows.displayBits && DitherFor(viewWindows.displayBits()))
-    DitherTile(tile, view.x, view.y);
+    DitherTile(tile, view.left, view.top);
   return tile;
 }
 
@@ -89,42 +86,45 @@ void Paste(DibTile* picture, DibTile* tile, int x, int y) {
 // the walk, each over what it overlaps. What was drawn is returned: a tile
 // that can't be made leaves its part of the window as it was, and when the
 // picture itself can't be had, each tile goes alone.
-ViewRect DrawPicture(Canvas* canvas, const std::vector<RedrawTile>& tiles, size_t first,
-                     size_t end, const ViewRect& area) {
-  DibTile* picture = CreateTile(area.width, area.height, 24);
+Rect DrawPicture(Canvas* canvas, const std::vector<RedrawTile>& tiles, size_t first,
+                     size_t end, const Rect& area) {
+  DibTile* picture = CreateTile(area.Width(), area.Height(), 24);
   if (!picture) {
-    ViewRect drawn{};
+    Rect drawn{};
     if (end - first == 1) return drawn;
     for (size_t i = first; i < end; ++i)
-      drawn = Union(drawn, DrawPicture(canvas, tiles, i, i + 1, ViewOfTile(canvas, tiles[i])));
+      drawn = Joined(drawn, DrawPicture(canvas, tiles, i, i + 1, ViewOfTile(canvas, tiles[i])));
     return drawn;
   }
-  std::vector<ViewRect> made;  // in picture pixels
+  std::vector<Rect> made;  // in picture pixels
   for (size_t i = first; i < end; ++i) {
-    const ViewRect view = ViewOfTile(canvas, tiles[i]);
+    const Rect view = ViewOfTile(canvas, tiles[i]);
     DibTile* tile = MakeViewTile(canvas, tiles[i], view);
     if (!tile) continue;
-    Paste(picture, tile, view.x - area.x, view.y - area.y);
-    made.push_back({view.x - area.x, view.y - area.y, tile->width, tile->height});
+    const int x = view.left - area.left, y = view.top - area.top;
+    Paste(picture, tile, x, y);
+    made.push_back(Rect::OfSize(x, y, tile->width, tile->height));
     FreeTile(&tile);
   }
-  ViewRect drawn{};
+  Rect drawn{};
   if (viewWindows.drawPicture) {
     if (made.size() == end - first)
-      made.assign(1, {0, 0, area.width, area.height});
-    for (const ViewRect& part : made) viewWindows.drawPicture(canvas, picture, area.x, area.y, part);
+      made.assign(1, Rect::OfSize(0, 0, area.Width(), area.Height()));
+    for (const Rect& part : made)
+      viewWindows.drawPicture(canvas, picture, area.left, area.top, part);
   }
-  for (const ViewRect& part : made)
-    drawn = Union(drawn, {area.x + part.x, area.y + part.y, part.width, part.height});
+  for (const Rect& part : made)
+    drawn = Joined(drawn, Rect::OfSize(area.left + part.left, area.top + part.top, part.Width(),
+                                       part.Height()));
   FreeTile(&picture);
   return drawn;
 }
 
 }  // namespace
 
-std::vector<RedrawTile> PlanRedraw(const Canvas* canvas, int x0, int y0, int x1, int y1) {
-  int cx0 = ToCanvas(canvas, x0), cy0 = ToCanvas(canvas, y0);
-  int cx1 = ToCanvas(canvas, x1), cy1 = ToCanvas(canvas, y1);
+std::vector<RedrawTile> PlanRedraw(const Canvas* canvas, const Rect& view) {
+  int cx0 = ToCanvas(canvas, view.left), cy0 = ToCanvas(canvas, view.top);
+  int cx1 = ToCanvas(canvas, view.right), cy1 = ToCanvas(canvas, view.bottom);
   const int width = canvas->canvasWidth, height = canvas->canvasHeight;
   std::vector<RedrawTile> tiles;
   if (cx1 < 0 || cy1 < 0 || cx0 > width - 1 || cy0 > height - 1) return tiles;
@@ -134,46 +134,50 @@ std::vector<RedrawTile> PlanRedraw(const Canvas* canvas, int x0, int y0, int x1,
       Walk(ToView(canvas, cx0), ToView(canvas, cx1), ZoomedWidth(canvas));
   for (const Span& row : Walk(ToView(canvas, cy0), ToView(canvas, cy1), ZoomedHeight(canvas)))
     for (const Span& column : columns) {
-      RedrawTile tile{column.start,
-                      row.start,
-                      ToCanvas(canvas, column.start),
-                      ToCanvas(canvas, row.start),
-                      std::min(ToCanvas(canvas, column.start + column.length), width),
-                      std::min(ToCanvas(canvas, row.start + row.length), height)};
-      if (tile.cx1 >= tile.cx0 && tile.cy1 >= tile.cy0) tiles.push_back(tile);
+      const RedrawTile tile{column.start, row.start,
+                            Rect{ToCanvas(canvas, column.start), ToCanvas(canvas, row.start),
+                                 std::min(ToCanvas(canvas, column.start + column.length), width),
+                                 std::min(ToCanvas(canvas, row.start + row.length), height)}};
+      if (!tile.canvasPart.Empty()) tiles.push_back(tile);
     }
   return tiles;
 }
 
-ViewRect ViewRectOf(const Canvas* canvas, int cx0, int cy0, int cx1, int cy1) {
-  const int x = ToView(canvas, cx0), y = ToView(canvas, cy0);
-  return {x, y, std::max(1, ToView(canvas, cx1 + 1) - x), std::max(1, ToView(canvas, cy1 + 1) - y)};
+Rect ViewRectOf(const Canvas* canvas, const Rect& canvasPart) {
+  const int x = ToView(canvas, canvasPart.left), y = ToView(canvas, canvasPart.top);
+  return Rect::OfSize(x, y, std::max(1, ToView(canvas, canvasPart.right + 1) - x),
+                      std::max(1, ToView(canvas, canvasPart.bottom + 1) - y));
 }
 
-DibTile* ScaleToView(const Canvas* canvas, const DibTile* composed, int cx0, int cy0, int cx1,
-                     int cy1) {
-  const ViewRect view = ViewRectOf(canvas, cx0, cy0, cx1, cy1);
-  DibTile* tile = CreateTile(view.width, view.height, 24);
-  if (tile) ScaleTile(composed, tile, view.x, view.y, canvas->zoomStep == 1);
+DibTile* ScaleToView(const Canvas* canvas, const DibTile* composed, const Rect& canvasPart) {
+  const Rect view = ViewRectOf(canvas, canvasPart);
+  DibTile* tile = CreateTile(view.Width(), view.Height(), 24);
+  if (tile) ScaleTile(composed, tile, view.left, view.top, canvas->zoomStep == 1);
   return tile;
 }
 
-void RedrawRect(Canvas* canvas, int x0, int y0, int x1, int y1) {
-  const std::vector<RedrawTile> tiles = PlanRedraw(canvas, x0, y0, x1, y1);
+void RedrawRect(Canvas* canvas, const Rect& view) {
+  const std::vector<RedrawTile> tiles = PlanRedraw(canvas, view);
   if (tiles.empty()) return;
   OverlaysOff(canvas);
-  ViewRect covered{};
+  Rect covered{};
   for (size_t first = 0; first < tiles.size();) {
-    ViewRect area = ViewOfTile(canvas, tiles[first]);
+    Rect area = ViewOfTile(canvas, tiles[first]);
     size_t end = first + 1;
     for (; end < tiles.size(); ++end) {
-      const ViewRect wider = Union(area, ViewOfTile(canvas, tiles[end]));
+      const Rect wider = Joined(area, ViewOfTile(canvas, tiles[end]));
       if (Area(wider) > kPictureBudget) break;
       area = wider;
     }
-    covered = Union(covered, DrawPicture(canvas, tiles, first, end, area));
+    covered = Joined(covered, DrawPicture(canvas, tiles, first, end, area));
     first = end;
   }
   DrawGrid(canvas, tiles, covered);
   OverlaysOn(canvas);
+}
+
+void RedrawCanvasBox(Canvas* canvas, const Rect& box) {
+  if (box.Empty()) return;
+  RedrawRect(canvas, Rect{ToView(canvas, box.left), ToView(canvas, box.top),
+                          ToView(canvas, box.right), ToView(canvas, box.bottom)});
 }

@@ -1,6 +1,7 @@
 #include "display/smooth_zoom_frame.h"
 
 #include "display/box_drag.h"
+#include "display/redraw.h"
 #include "display/smooth_zoom.h"
 #include "display/view_windows.h"
 
@@ -18,7 +19,8 @@ SmoothZoomDialogFields lastFields{0, 1};
 void InvertFrame() {
   const SmoothZoomChoice& c = smoothZoomChoice;
   if (viewWindows.invertBox)
-    viewWindows.invertBox(frameCanvas, BoxInView(frameCanvas, c.left, c.top, c.width, c.height));
+    viewWindows.invertBox(frameCanvas,
+                          ViewRectOf(frameCanvas, Rect::OfSize(c.left, c.top, c.width, c.height)));
 }
 
 void ShowFrame(bool show) {

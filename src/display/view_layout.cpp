@@ -20,9 +20,9 @@ int Origin(int margin, int client, int extent) {
 
 }  // namespace
 
-ViewRect FramePlacement(const Canvas* canvas, int documentWidth, int documentHeight) {
-  return {canvas->marginX, canvas->marginY, documentWidth - 2 * canvas->marginX,
-          documentHeight - 2 * canvas->marginY};
+Rect FramePlacement(const Canvas* canvas, int documentWidth, int documentHeight) {
+  return Rect::OfSize(canvas->marginX, canvas->marginY, documentWidth - 2 * canvas->marginX,
+                      documentHeight - 2 * canvas->marginY);
 }
 
 int ViewOriginX(const Canvas* canvas) {
@@ -47,8 +47,8 @@ ViewLayout LayOutView(Canvas* canvas, int clientWidth, int clientHeight) {
   layout.vertical = {canvas->extentY - 1, clientHeight, canvas->scrollY};
   const int x = ViewOriginX(canvas);
   const int y = ViewOriginY(canvas);
-  layout.display = {x - canvas->scrollX, y - canvas->scrollY, width, height};
-  layout.hRuler = {x + canvas->marginX, 0, width, canvas->marginY - 1};
-  layout.vRuler = {0, canvas->marginY + y, canvas->marginX - 1, height};
+  layout.display = Rect::OfSize(x - canvas->scrollX, y - canvas->scrollY, width, height);
+  layout.hRuler = Rect::OfSize(x + canvas->marginX, 0, width, canvas->marginY - 1);
+  layout.vRuler = Rect::OfSize(0, canvas->marginY + y, canvas->marginX - 1, height);
   return layout;
 }

@@ -8,14 +8,14 @@
 #include "document/canvas.h"
 
 // frameWnd's place in a document window of the given client size.
-ViewRect FramePlacement(const Canvas* canvas, int documentWidth, int documentHeight);
+Rect FramePlacement(const Canvas* canvas, int documentWidth, int documentHeight);
 
 struct ViewLayout {
   // A negative scroll was reset to 0: frameWnd's pixels move by these.
   int shiftX, shiftY;
   ScrollBarState horizontal, vertical;
-  ViewRect display;         // in frameWnd
-  ViewRect hRuler, vRuler;  // in documentWnd
+  Rect display;         // in frameWnd
+  Rect hRuler, vRuler;  // in documentWnd
 };
 
 // frameWnd got the client size: stores it, the extents and the scroll

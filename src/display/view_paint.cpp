@@ -17,5 +17,5 @@ void OverlaysOn(Canvas* canvas) {
 // The update region was validated already, and RedrawRect keeps the
 // overlays intact.
 void PaintView(Canvas* canvas, int x0, int y0, int x1, int y1) {
-  RedrawRect(canvas, x0, y0, x1, y1);
+  RedrawRect(canvas, Rect{x0, y0, x1, y1});
 }

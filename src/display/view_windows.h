@@ -8,14 +8,10 @@
 #include <functional>
 #include <string>
 
+#include "base/rect.h"
 #include "display/zoom.h"
 #include "document/canvas.h"
 #include "store/dib.h"
-
-// A rectangle of view pixels; x, y the top left.
-struct ViewRect {
-  int x, y, width, height;
-};
 
 enum class Axis { Horizontal, Vertical };
 
@@ -69,16 +65,16 @@ struct ViewWindows {
   std::function<int()> displayBits;
   // Of a 24-bit picture whose top left stands at (x, y) of displayWnd, the
   // part (in the picture's pixels) is copied to the window.
-  std::function<void(Canvas* canvas, const DibTile* picture, int x, int y, const ViewRect& part)>
+  std::function<void(Canvas* canvas, const DibTile* picture, int x, int y, const Rect& part)>
       drawPicture;
   // A grid line in the grid colour, pen width 1, clipped to clip; with
   // invert set by R2_NOTXORPEN, so that a second drawing removes it.
   std::function<void(Canvas* canvas, const GridLine& line, uint32_t red, uint32_t green,
-                     uint32_t blue, int invert, const ViewRect& clip)>
+                     uint32_t blue, int invert, const Rect& clip)>
       drawGridLine;
   // An inverted frame of a rectangle of displayWnd; drawing it twice
   // removes it.
-  std::function<void(Canvas* canvas, const ViewRect& box)> invertBox;
+  std::function<void(Canvas* canvas, const Rect& box)> invertBox;
   // The hand cursor (resource `hand`) while on is set, the usual after.
   std::function<void(bool on)> handCursor;
   // The dialog tsl_grid: shows the choice, writes back what was entered, 1

@@ -16,15 +16,12 @@ int UnsignedHigh(int32_t word) { return (word >> 16) & 0xFFFF; }
 
 }  // namespace
 
-WindowRect ClampFramePlacement(int32_t framePosition, int32_t frameSize, int screenWidth,
-                               int screenHeight) {
-  WindowRect r{SignedLow(framePosition), SignedHigh(framePosition), UnsignedLow(frameSize),
-               UnsignedHigh(frameSize)};
-  r.width = std::min(std::max(r.width, kMinFrameWidth), screenWidth);
-  r.height = std::min(std::max(r.height, kMinFrameHeight), screenHeight);
-  r.x = std::min(r.x, screenWidth - r.width);
-  r.y = std::min(r.y, screenHeight - r.height);
-  return r;
+Rect ClampFramePlacement(int32_t framePosition, int32_t frameSize, int screenWidth,
+                         int screenHeight) {
+  const int width = std::min(std::max(UnsignedLow(frameSize), kMinFrameWidth), screenWidth);
+  const int height = std::min(std::max(UnsignedHigh(frameSize), kMinFrameHeight), screenHeight);
+  return Rect::OfSize(std::min(SignedLow(framePosition), screenWidth - width),
+                      std::min(SignedHigh(framePosition), screenHeight - height), width, height);
 }
 
 int NextCascadePosition() {

@@ -6,11 +6,8 @@
 
 #include <cstdint>
 
+#include "base/rect.h"
 #include "document/canvas.h"
-
-struct WindowRect {
-  int x, y, width, height;
-};
 
 constexpr int kMinFrameWidth = 384;
 constexpr int kMinFrameHeight = 128;
@@ -19,8 +16,8 @@ constexpr int kMinFrameHeight = 128;
 // in the low half, y or height in the high half) brought onto the screen:
 // at least 384 x 128, at most the screen, then shifted left and up so that
 // it stands on the screen.
-WindowRect ClampFramePlacement(int32_t framePosition, int32_t frameSize, int screenWidth,
-                               int screenHeight);
+Rect ClampFramePlacement(int32_t framePosition, int32_t frameSize, int screenWidth,
+                         int screenHeight);
 
 // Document windows cascade: x and y start at 0 and grow by 12 per window,
 // back to 0 beyond 36. Size 640 x 400.

@@ -13,16 +13,17 @@ FrameLayout LayOutFrame(const FrameLayoutInput& in) {
   const bool column = in.ctrlPanelOn && in.panelPageDocked;
   const int stripHeight = in.ctrlPanelOn && !column ? kCtrlPanelStripHeight : 0;
   if (in.ctrlPanelOn)
-    out.ctrlPanel = {panelX, 0, panelWidth,
-                     column ? in.clientHeight - statusHeight : kCtrlPanelStripHeight};
+    out.ctrlPanel = Rect::OfSize(panelX, 0, panelWidth,
+                                 column ? in.clientHeight - statusHeight : kCtrlPanelStripHeight);
   const int besidePanelX = in.panelOnLeft ? panelWidth : 0;
-  if (in.toolBarOn) out.toolBar = {besidePanelX, 0, in.clientWidth - panelWidth, toolHeight};
+  if (in.toolBarOn)
+    out.toolBar = Rect::OfSize(besidePanelX, 0, in.clientWidth - panelWidth, toolHeight);
   if (in.statusBarOn)
-    out.statusBar = {0, in.clientHeight - statusHeight, in.clientWidth, statusHeight};
+    out.statusBar = Rect::OfSize(0, in.clientHeight - statusHeight, in.clientWidth, statusHeight);
   const int top = std::max(toolHeight, stripHeight);
   const int columnWidth = column ? panelWidth : 0;
-  out.mdiClient = {column ? besidePanelX : 0, top, in.clientWidth - columnWidth,
-                   std::max(0, in.clientHeight - top - statusHeight)};
+  out.mdiClient = Rect::OfSize(column ? besidePanelX : 0, top, in.clientWidth - columnWidth,
+                               std::max(0, in.clientHeight - top - statusHeight));
   return out;
 }
 

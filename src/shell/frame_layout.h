@@ -19,7 +19,7 @@ struct FrameLayoutInput {
 };
 
 struct FrameLayout {
-  WindowRect ctrlPanel, toolBar, statusBar, mdiClient;  // empty: hidden
+  Rect ctrlPanel, toolBar, statusBar, mdiClient;  // empty: hidden
 };
 
 FrameLayout LayOutFrame(const FrameLayoutInput& in);

@@ -134,8 +134,8 @@ TEST_F(Pointer, PickLayerChoosesTheTopmostShownLayerAndDragsIt) {
 
   // Left button on layer 1: a drag snapped to 4, from 24 to 28 and then 32.
   int boxes = 0, pictures = 0;
-  viewWindows.invertBox = [&](Canvas*, const ViewRect&) { ++boxes; };
-  viewWindows.drawPicture = [&](Canvas*, const DibTile*, int, int, const ViewRect&) { ++pictures; };
+  viewWindows.invertBox = [&](Canvas*, const Rect&) { ++boxes; };
+  viewWindows.drawPicture = [&](Canvas*, const DibTile*, int, int, const Rect&) { ++pictures; };
   canvas->gridOn = canvas->gridSnap = 1;
   canvas->gridX = canvas->gridY = 4;
   script = {};

@@ -52,19 +52,20 @@ TEST_F(Redraw, TilesScaleWithoutSeamsAndMatchOnePiece) {
 
     // Tiles land in the order of the walk, each over what it overlaps.
     std::vector<Rgb> view(size_t(viewW) * viewH);
-    for (const RedrawTile& t : PlanRedraw(canvas, 0, 0, viewW - 1, viewH - 1)) {
-      DibTile* source = SourceTile(t.cx0, t.cy0, t.cx1, t.cy1, width, height);
-      DibTile* scaled = ScaleToView(canvas, source, t.cx0, t.cy0, t.cx1, t.cy1);
-      const ViewRect at = ViewRectOf(canvas, t.cx0, t.cy0, t.cx1, t.cy1);
-      ASSERT_EQ(scaled->width, at.width);
-      for (int y = 0; y < at.height && at.y + y < viewH; ++y)
-        for (int x = 0; x < at.width && at.x + x < viewW; ++x)
-          view[size_t(at.y + y) * viewW + at.x + x] = TilePixel(scaled, x, y);
+    for (const RedrawTile& t : PlanRedraw(canvas, Rect{0, 0, viewW - 1, viewH - 1})) {
+      const Rect& c = t.canvasPart;
+      DibTile* source = SourceTile(c.left, c.top, c.right, c.bottom, width, height);
+      DibTile* scaled = ScaleToView(canvas, source, c);
+      const Rect at = ViewRectOf(canvas, c);
+      ASSERT_EQ(scaled->width, at.Width());
+      for (int y = 0; y < at.Height() && at.top + y < viewH; ++y)
+        for (int x = 0; x < at.Width() && at.left + x < viewW; ++x)
+          view[size_t(at.top + y) * viewW + at.left + x] = TilePixel(scaled, x, y);
       FreeTile(&source);
       FreeTile(&scaled);
     }
     DibTile* whole = SourceTile(0, 0, width - 1, height - 1, width, height);
-    DibTile* onePiece = ScaleToView(canvas, whole, 0, 0, width - 1, height - 1);
+    DibTile* onePiece = ScaleToView(canvas, whole, Rect{0, 0, width - 1, height - 1});
     int wrongTiled = 0, wrongWhole = 0;
     for (int y = 0; y < viewH; ++y)
       for (int x = 0; x < viewW; ++x) {
@@ -81,29 +82,31 @@ TEST_F(Redraw, TilesScaleWithoutSeamsAndMatchOnePiece) {
 TEST_F(Redraw, WalkReachesOneTileBeyondAndStopsAtTheCanvas) {
   Canvas* canvas = MakeBlank(300, 200);
   canvas->zoomStep = 1;  // 450 x 300 view pixels
-  const std::vector<RedrawTile> tiles = PlanRedraw(canvas, 0, 0, 449, 299);
+  const std::vector<RedrawTile> tiles = PlanRedraw(canvas, Rect{0, 0, 449, 299});
   // Columns at 0, 128, 256, 384 (512 lies past the canvas); rows at 0, 128,
   // 256 (384 past it). ToCanvas(128): one canvas pixel past the tile; the
   // last tiles end with the zoomed canvas, 450 x 300.
   ASSERT_EQ(tiles.size(), 12u);
-  EXPECT_EQ(std::tie(tiles[0].cx1, tiles[3].cx0, tiles[3].cx1, tiles[11].cy1),
+  EXPECT_EQ(std::tie(tiles[0].canvasPart.right, tiles[3].canvasPart.left,
+                     tiles[3].canvasPart.right, tiles[11].canvasPart.bottom),
             std::make_tuple(85, 256, 300, 200));
   // View pixel 1 shows canvas pixel 1, but converts to 0 and back to view
   // 0: the walk of 129 pixels each way reaches it, in tiles of 128 and 1.
-  const std::vector<RedrawTile> dot = PlanRedraw(canvas, 1, 1, 1, 1);
+  const std::vector<RedrawTile> dot = PlanRedraw(canvas, Rect{1, 1, 1, 1});
   ASSERT_EQ(dot.size(), 4u);
-  EXPECT_EQ(std::tie(dot[0].cx0, dot[0].cx1, dot[0].cy1, dot[1].cx0, dot[1].cx1, dot[3].cy1),
+  EXPECT_EQ(std::tie(dot[0].canvasPart.left, dot[0].canvasPart.right, dot[0].canvasPart.bottom,
+                     dot[1].canvasPart.left, dot[1].canvasPart.right, dot[3].canvasPart.bottom),
             std::make_tuple(0, 85, 85, 85, 86, 86));
-  EXPECT_TRUE(PlanRedraw(canvas, 500, 0, 600, 10).empty());
-  EXPECT_TRUE(PlanRedraw(canvas, -60, -60, -3, 10).empty());  // ToCanvas(-3) is -2
+  EXPECT_TRUE(PlanRedraw(canvas, Rect{500, 0, 600, 10}).empty());
+  EXPECT_TRUE(PlanRedraw(canvas, Rect{-60, -60, -3, 10}).empty());  // ToCanvas(-3) is -2
 
   // A one-pixel canvas at 25 % is 0 view pixels wide, and still draws one.
   canvas->canvasWidth = canvas->canvasHeight = 1;
   canvas->zoomStep = -3;
-  const std::vector<RedrawTile> one = PlanRedraw(canvas, 0, 0, 0, 0);
+  const std::vector<RedrawTile> one = PlanRedraw(canvas, Rect{0, 0, 0, 0});
   ASSERT_EQ(one.size(), 1u);
-  const ViewRect r = ViewRectOf(canvas, one[0].cx0, one[0].cy0, one[0].cx1, one[0].cy1);
-  EXPECT_EQ(std::tie(r.width, r.height), std::make_tuple(1, 1));
+  const Rect r = ViewRectOf(canvas, one[0].canvasPart);
+  EXPECT_EQ(std::make_tuple(r.Width(), r.Height()), std::make_tuple(1, 1));
 }
 
 TEST_F(Redraw, DitherOfAFlatColour) {
@@ -169,23 +172,23 @@ TEST_F(Redraw, RedrawRectComposesScalesAndInvertsTheGridOnce) {
   canvas->gridOn = 1;
   canvas->gridX = canvas->gridY = 4;
   canvas->gridRed = 1, canvas->gridGreen = 2, canvas->gridBlue = 3;
-  std::vector<ViewRect> drawn;
+  std::vector<Rect> drawn;
   std::vector<Rgb> at3x2;
-  viewWindows.drawPicture = [&](Canvas*, const DibTile* tile, int x, int y, const ViewRect& part) {
-    drawn.push_back({x + part.x, y + part.y, part.width, part.height});
+  viewWindows.drawPicture = [&](Canvas*, const DibTile* tile, int x, int y, const Rect& part) {
+    drawn.push_back(Rect::OfSize(x + part.left, y + part.top, part.Width(), part.Height()));
     at3x2 = {TilePixel(tile, 6 - x, 4 - y), TilePixel(tile, 7 - x, 5 - y),
              TilePixel(tile, 8 - x, 4 - y)};
   };
   std::vector<GridLine> lines;
   viewWindows.drawGridLine = [&](Canvas*, const GridLine& line, uint32_t r, uint32_t g, uint32_t b,
-                                 int invert, const ViewRect& clip) {
-    EXPECT_EQ(std::make_tuple(r, g, b, invert, clip.width), std::make_tuple(1u, 2u, 3u, 1, 22));
+                                 int invert, const Rect& clip) {
+    EXPECT_EQ(std::make_tuple(r, g, b, invert, clip.Width()), std::make_tuple(1u, 2u, 3u, 1, 22));
     lines.push_back(line);
   };
   // One tile of canvas columns 0..10 and rows 0..6: one past the canvas.
-  RedrawRect(canvas, 0, 0, 19, 11);
+  RedrawRect(canvas, Rect{0, 0, 19, 11});
   ASSERT_EQ(drawn.size(), 1u);
-  EXPECT_EQ(std::tie(drawn[0].width, drawn[0].height), std::make_tuple(22, 14));
+  EXPECT_EQ(std::make_tuple(drawn[0].Width(), drawn[0].Height()), std::make_tuple(22, 14));
   // Pixel (3, 2) fills view 6..7 x 4..5; its neighbour is white.
   EXPECT_EQ(at3x2, (std::vector<Rgb>{{30, 20, 10}, {30, 20, 10}, {255, 255, 255}}));
   // Columns 0, 4, 8 and rows 0, 4, each once, at the middle of their pixels.
@@ -208,10 +211,10 @@ TEST_F(Redraw, EveryViewPixelOfARepaintIsDrawnAtEveryZoom) {
   std::vector<Rgb> screen;
   int viewW = 0, calls = 0;
   viewWindows.drawPicture = [&](Canvas*, const DibTile* picture, int x, int y,
-                                const ViewRect& part) {
+                                const Rect& part) {
     ++calls;
-    for (int r = part.y; r < part.y + part.height; ++r)
-      for (int c = part.x; c < part.x + part.width; ++c)
+    for (int r = part.top; r <= part.bottom; ++r)
+      for (int c = part.left; c <= part.right; ++c)
         if (x + c >= 0 && y + r >= 0 && x + c < viewW && size_t(y + r) * viewW < screen.size())
           screen[size_t(y + r) * viewW + x + c] = TilePixel(picture, c, r);
   };
@@ -228,7 +231,7 @@ TEST_F(Redraw, EveryViewPixelOfARepaintIsDrawnAtEveryZoom) {
       int y0 = next(viewH + 8) - 4, y1 = y0 + next(trial < 20 ? 4 : viewH);
       screen.assign(size_t(viewW) * viewH, stale);
       calls = 0;
-      RedrawRect(canvas, x0, y0, x1, y1);
+      RedrawRect(canvas, Rect{x0, y0, x1, y1});
       int missed = 0, wrong = 0, inside = 0;
       for (int y = std::max(y0, 0); y <= std::min(y1, viewH - 1); ++y)
         for (int x = std::max(x0, 0); x <= std::min(x1, viewW - 1); ++x) {

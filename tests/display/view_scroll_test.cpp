@@ -15,11 +15,13 @@ namespace {
 
 using Scroll = ViewTest;
 
-std::tuple<int, int, int, int> Tie(const ViewRect& r) { return {r.x, r.y, r.width, r.height}; }
+std::tuple<int, int, int, int> Tie(const Rect& r) {
+  return {r.left, r.top, r.Width(), r.Height()};
+}
 
 TEST_F(Scroll, SmallCanvasStandsCentredAndScrollIsClamped) {
   Canvas* canvas = MakeBlank(100, 50);
-  EXPECT_EQ(Tie(FramePlacement(canvas, 640, 400)), Tie({8, 8, 624, 384}));
+  EXPECT_EQ(Tie(FramePlacement(canvas, 640, 400)), std::make_tuple(8, 8, 624, 384));
   canvas->scrollX = -30;
   canvas->scrollY = 500;
   ViewLayout layout = LayOutView(canvas, 400, 300);
@@ -27,14 +29,14 @@ TEST_F(Scroll, SmallCanvasStandsCentredAndScrollIsClamped) {
   EXPECT_EQ(std::tie(canvas->extentX, canvas->extentY, canvas->scrollX, canvas->scrollY),
             std::make_tuple(116, 66, 0, 0));
   EXPECT_EQ(std::tie(layout.shiftX, layout.shiftY), std::make_tuple(-30, 0));
-  EXPECT_EQ(Tie(layout.display), Tie({150, 125, 100, 50}));
-  EXPECT_EQ(Tie(layout.hRuler), Tie({158, 0, 100, 7}));
-  EXPECT_EQ(Tie(layout.vRuler), Tie({0, 133, 7, 50}));
+  EXPECT_EQ(Tie(layout.display), std::make_tuple(150, 125, 100, 50));
+  EXPECT_EQ(Tie(layout.hRuler), std::make_tuple(158, 0, 100, 7));
+  EXPECT_EQ(Tie(layout.vRuler), std::make_tuple(0, 133, 7, 50));
   EXPECT_EQ(std::tie(layout.horizontal.max, layout.horizontal.page), std::make_tuple(115, 400));
   canvas->zoomStep = 3;  // 300 x 150: wider than the window (scroll clamped to 116), not taller
   canvas->scrollX = 900;
   EXPECT_EQ(Tie(LayOutView(canvas, 200, 300).display),
-            Tie({8 - 116, 8 + (300 - 166) / 2, 300, 150}));
+            std::make_tuple(8 - 116, 8 + (300 - 166) / 2, 300, 150));
 }
 
 TEST_F(Scroll, RequestsMoveByLinesAndPagesWithinTheExtent) {

@@ -25,8 +25,8 @@ class ZoomFrame : public ViewTest {
     ViewTest::SetUp();
     smoothZoomFolder = folder.path();
     overlayToggles[kOverlayZoomFrame] = ToggleZoomFrame;
-    viewWindows.invertBox = [this](Canvas* canvas, const ViewRect& box) {
-      inverted.push_back({canvas, box.x, box.y, box.width, box.height});
+    viewWindows.invertBox = [this](Canvas* canvas, const Rect& box) {
+      inverted.push_back({canvas, box.left, box.top, box.Width(), box.Height()});
     };
     zoomFrameDoneHooks.Add([this] { ++done; });
   }

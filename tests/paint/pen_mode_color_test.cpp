@@ -22,7 +22,7 @@ class ColorModeTest : public KernelTest {
 
 // A tone that lets through 16 x column of a row, as a filter would cut it.
 uint8_t Stripe(int x) { return uint8_t(std::min(255, 16 * std::max(0, x))); }
-void StripeTone(int, int x0, int x1, int, int, int, int, uint8_t* row, int init) {
+void StripeTone(int, int x0, int x1, const Rect&, uint8_t* row, int init) {
   for (int x = x0; x <= x1; ++x) row[x - x0] = init ? Stripe(x) : std::min(row[x - x0], Stripe(x));
 }
 
@@ -41,11 +41,10 @@ TEST_F(ColorModeTest, FlatColourAndGradientAreCutByToneAndMask) {
   penSources.toneRow = nullptr;
   pen.colorStyle = 1;
   EXPECT_EQ(std::vector<uint8_t>(6, 255), Fetch(2, 1, 6, 1, 1, 6, 5).protect);
-  penSources.gradientRow = [](uint8_t* row, int y, int x0, int x1, int left, int top, int right,
-                         int bottom) {
+  penSources.gradientRow = [](uint8_t* row, int y, int x0, int x1, const Rect& box) {
     for (int x = x0; x <= x1; ++x)
-      row[3 * (x - x0)] = uint8_t(x - left), row[3 * (x - x0) + 1] = uint8_t(y - top),
-                   row[3 * (x - x0) + 2] = uint8_t(right + bottom);
+      row[3 * (x - x0)] = uint8_t(x - box.left), row[3 * (x - x0) + 1] = uint8_t(y - box.top),
+                   row[3 * (x - x0) + 2] = uint8_t(box.right + box.bottom);
   };
   KernelRows rows = Fetch(2, 1, 6, 1, 1, 6, 5);
   EXPECT_EQ(0, rows.kind);

@@ -19,12 +19,11 @@ class PlaceDabTest : public KernelTest {
   }
   std::array<int, 4> Dab(double x, double y, int expected = 1, int rightButton = 0,
                          double spacing = 1.0) {
-    std::array<int, 4> box{};
+    Rect box{};
     int first = 1;
-    EXPECT_EQ(expected, PlaceDab(canvas.get(), x, y, 0, rightButton, &box[0], &box[1], &box[2],
-                                 &box[3], spacing, first));
+    EXPECT_EQ(expected, PlaceDab(canvas.get(), x, y, 0, rightButton, &box, spacing, first));
     EXPECT_EQ(!PenBlender.antiAlias, first);  // without Anti-Alias there is no spacing test
-    return box;
+    return {box.left, box.top, box.right, box.bottom};
   }
 };
 
@@ -109,15 +108,13 @@ TEST_F(PlaceDabTest, SpacingRefusesNearDabsOnlyWhenConnectedAndSpeedWaits) {
   for (int isConnected : {1, 0}) {
     PenBlender.connected = isConnected;
     int first = 1;
-    std::array<int, 4> box{};
-    auto dab = [&](double x) {
-      return PlaceDab(canvas.get(), x, 4.5, 0, 0, &box[0], &box[1], &box[2], &box[3], 2.0, first);
-    };
+    Rect box{};
+    auto dab = [&](double x) { return PlaceDab(canvas.get(), x, 4.5, 0, 0, &box, 2.0, first); };
     EXPECT_EQ(1, dab(4.5));
     const Image after = Snap(image);
     EXPECT_EQ(isConnected ? 0 : 1, dab(5.9));
     if (isConnected) {
-      EXPECT_EQ((std::array<int, 4>{5, 4, 5, 4}), box);  // the point
+      EXPECT_EQ((Rect{5, 4, 5, 4}), box);  // the point
     }
     EXPECT_EQ(isConnected, after == Snap(image));
     EXPECT_EQ(1, dab(6.5));  // the distance is from the last dab placed

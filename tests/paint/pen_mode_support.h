@@ -187,7 +187,7 @@ class KernelTest : public PenModeTest {
     KernelRows rows{std::vector<uint8_t>(3 * n, kSentinel), std::vector<uint8_t>(n, kSentinel),
                     std::vector<uint8_t>(n, kSentinel), -1};
     FetchModeRow(canvas.get(), rows.source.data(), rows.opacity.data(), rows.protect.data(), y, x0,
-                 x1, boxLeft, boxTop, boxRight, boxBottom, &rows.kind);
+                 x1, Rect{boxLeft, boxTop, boxRight, boxBottom}, &rows.kind);
     return rows;
   }
   // A layer of image, mask and transparency with the mask clear but for a

@@ -59,7 +59,7 @@ TEST_F(StrokeLoopTest, FreehandPaintsEveryPassAtTheWholePixelWithRowCachesWide) 
   watched[1] = canvas->planes[kTransparencyPosition].plane;
   ASSERT_TRUE(watched[0] && watched[1]);
   // A tone that cuts nothing looks at the row caches at each row of each dab.
-  penSources.toneRow = [](int, int x0, int x1, int, int, int, int, uint8_t* row, int) {
+  penSources.toneRow = [](int, int x0, int x1, const Rect&, uint8_t* row, int) {
     std::fill_n(row, x1 - x0 + 1, 255);
     wide.push_back(watched[0]->rowCacheWide & watched[1]->rowCacheWide);
   };
@@ -133,8 +133,7 @@ TEST_F(StrokeLoopTest, SegmentWalksInTenthsAndPlacesSpacedDabs) {
     recordedDabs.clear();
     dabCount = 0;
     int first = 1;
-    DrawPenSegment(canvas, c.x0, c.y0, c.x1, c.y1, c.exactEnd, 0, nullptr, nullptr, nullptr,
-                   nullptr, 0, spacing, first);
+    DrawPenSegment(canvas, c.x0, c.y0, c.x1, c.y1, c.exactEnd, 0, nullptr, 0, spacing, first);
     const std::vector<Dab> offered = OfferedPoints(c.x0, c.y0, c.x1, c.y1, c.exactEnd);
     std::vector<Dab> expected;
     AcceptSpaced(offered, spacing, true, expected);
@@ -150,10 +149,11 @@ TEST_F(StrokeLoopTest, SegmentReportsTheUnionAndPlacesNothingForNoLength) {
   RecordingPen(4);
   EXPECT_DOUBLE_EQ(StrokeSpacing(), 1.0);  // half a pixel is raised to one
   PenBlender.connected = 1;
-  int box[4] = {-1, -1, -1, -1}, first = 0;
+  int first = 0;
   auto segment = [&](double x0, double y0, double x1, double y1) {
-    DrawPenSegment(canvas, x0, y0, x1, y1, 0, 0, &box[0], &box[1], &box[2], &box[3], 1, 1.0, first);
-    return std::vector<int>(box, box + 4);
+    Rect box{-1, -1, -1, -1};
+    DrawPenSegment(canvas, x0, y0, x1, y1, 0, 0, &box, 1, 1.0, first);
+    return std::vector<int>{box.left, box.top, box.right, box.bottom};
   };
   PenBlender.lastDabX = PenBlender.lastDabY = 0;
   EXPECT_EQ(segment(20.5, 20.5, 20.5, 20.5), (std::vector<int>{999999, 999999, 0, 0}));

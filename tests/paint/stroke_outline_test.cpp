@@ -21,20 +21,21 @@ class Screen {
  public:
   Screen() : pixels_(kWidth * kHeight, 0x5A) {}
 
-  void Picture(const DibTile* picture, int x, int y, const ViewRect& part) {
-    std::vector<uint8_t> row(size_t(part.width) * 3);
-    for (int r = part.y; r < part.y + part.height; ++r) {
-      ASSERT_EQ(ReadTileRow(picture, r, part.x, part.x + part.width - 1, row.data()), 1);
-      for (int c = 0; c < part.width; ++c)
-        if (Inside(x + part.x + c, y + r))
-          pixels_[(y + r) * kWidth + x + part.x + c] = row[size_t(c) * 3];
+  void Picture(const DibTile* picture, int x, int y, const Rect& part) {
+    std::vector<uint8_t> row(size_t(part.Width()) * 3);
+    for (int r = part.top; r <= part.bottom; ++r) {
+      ASSERT_EQ(ReadTileRow(picture, r, part.left, part.right, row.data()), 1);
+      for (int c = 0; c < part.Width(); ++c)
+        if (Inside(x + part.left + c, y + r))
+          pixels_[(y + r) * kWidth + x + part.left + c] = row[size_t(c) * 3];
     }
   }
   // The border of the outline's box, and the clone cross, inverted: the
   // ellipse inside the box stands close enough for what is tested here.
   void Outline(const PenOutline& o) {
-    for (int x = o.left; x < o.right; ++x) Invert(x, o.top), Invert(x, o.bottom - 1);
-    for (int y = o.top + 1; y < o.bottom - 1; ++y) Invert(o.left, y), Invert(o.right - 1, y);
+    const Rect& b = o.box;
+    for (int x = b.left; x <= b.right; ++x) Invert(x, b.top), Invert(x, b.bottom);
+    for (int y = b.top + 1; y < b.bottom; ++y) Invert(b.left, y), Invert(b.right, y);
     if (!o.cross) return;
     for (int d = -kCloneCrossArm; d <= kCloneCrossArm; ++d) Invert(o.crossX + d, o.crossY);
     for (int d = -kCloneCrossArm; d <= kCloneCrossArm; ++d)
@@ -56,7 +57,7 @@ class OutlineTest : public StrokeTest {
     StrokeTest::SetUp();
     InstallStrokeEngine();
     viewWindows.drawPicture = [this](Canvas*, const DibTile* picture, int x, int y,
-                                     const ViewRect& part) {
+                                     const Rect& part) {
       screen.Picture(picture, x, y, part);
       if (StrokeEngine.running && penOutline.shown) ++coveredWhileShown;
     };
@@ -65,7 +66,7 @@ class OutlineTest : public StrokeTest {
     pen.radiusX = pen.radiusY = 3;
     BuildTip();
     canvas = MakeBlank(kWidth, kHeight);
-    RedrawRect(canvas, 0, 0, kWidth - 1, kHeight - 1);
+    RedrawRect(canvas, Rect{0, 0, kWidth - 1, kHeight - 1});
   }
   void TearDown() override {
     overlayToggles[kOverlayPenOutline] = nullptr;
@@ -77,7 +78,7 @@ class OutlineTest : public StrokeTest {
   void ExpectScreenIsThePicture() {
     ASSERT_EQ(penOutline.shown, 0);
     const std::vector<uint8_t> shown = screen.pixels();
-    RedrawRect(canvas, 0, 0, kWidth - 1, kHeight - 1);
+    RedrawRect(canvas, Rect{0, 0, kWidth - 1, kHeight - 1});
     EXPECT_EQ(shown, screen.pixels());
   }
 

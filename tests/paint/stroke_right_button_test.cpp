@@ -55,7 +55,7 @@ TEST_F(RightButtonTest, ShiftPicksAnAreaIntoThePattern) {
   PlaneStore.WritePixel24(canvas->planes[0].plane, 6, 7, 1, 2, 3);
   pen.red = 90;
   int boxes = 0;
-  viewWindows.invertBox = [&](Canvas*, const ViewRect&) { ++boxes; };
+  viewWindows.invertBox = [&](Canvas*, const Rect&) { ++boxes; };
   Press(5, 5, {platform::VkRightButton, platform::VkShift});
   Then({{8, 6, kRight}, {12, 50, kRight}});
   RunDropper(canvas);
@@ -156,15 +156,17 @@ TEST_F(RightButtonTest, OutlineFollowsTheCloneStrokeOnlyWhenBothAxesMove) {
   // A 7 x 7 ellipse around the pointer, and the cross at the source.
   const PenOutline o = drawn[0];
   EXPECT_EQ(
-      (std::vector<int>{o.ellipse, o.left, o.top, o.right, o.bottom, o.cross, o.crossX, o.crossY}),
-      (std::vector<int>{1, 7, 17, 14, 24, 1, 30, 16}));
+      (std::vector<int>{o.ellipse, o.box.left, o.box.top, o.box.right, o.box.bottom, o.cross,
+                        o.crossX, o.crossY}),
+      (std::vector<int>{1, 7, 17, 13, 23, 1, 30, 16}));
 
   Then({{10, 25, kLeft}, {14, 27, kLeft}});
   RunFreehandStroke(canvas, 0, 0, 0);
   // Off at the start; (10, 25) keeps x, so only (14, 27) moves it.
   ASSERT_EQ(drawn.size(), 3u);
-  EXPECT_EQ((std::vector<int>{drawn[1].left, drawn[2].left, drawn[2].top, penOutline.shown}),
-            (std::vector<int>{o.left, 14 - 3, 27 - 3, 1}));
+  EXPECT_EQ((std::vector<int>{drawn[1].box.left, drawn[2].box.left, drawn[2].box.top,
+                              penOutline.shown}),
+            (std::vector<int>{o.box.left, 14 - 3, 27 - 3, 1}));
 }
 
 }  // namespace

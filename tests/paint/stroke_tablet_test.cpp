@@ -136,7 +136,7 @@ TEST_F(TabletTest, ReplayFadesAndSmoothsTheRecordedSamples) {
     e[i].y = float(sy * 0.1);
   }
 
-  EXPECT_EQ(ReplaySmoothedStroke(canvas, 0, 5, 8, 9, 40, 41), 1);
+  EXPECT_EQ(ReplaySmoothedStroke(canvas, 0, 5, Rect{8, 9, 40, 41}), 1);
   for (int i = 0; i < 9; ++i)
     EXPECT_EQ(std::make_tuple(s[i].x, s[i].y, s[i].pressure),
               std::make_tuple(e[i].x, e[i].y, e[i].pressure))
@@ -156,7 +156,7 @@ TEST_F(TabletTest, ReplayFadesAndSmoothsTheRecordedSamples) {
 
   // A single sample is left as painted.
   UndoHistory.Reset();
-  EXPECT_EQ(ReplaySmoothedStroke(canvas, 0, 1, 0, 0, 5, 5), 1);
+  EXPECT_EQ(ReplaySmoothedStroke(canvas, 0, 1, Rect{0, 0, 5, 5}), 1);
   EXPECT_EQ(UndoHistory.entries[0].kind, kUndoEmpty);
 }
 

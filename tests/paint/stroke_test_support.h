@@ -43,9 +43,9 @@ inline std::ostream& operator<<(std::ostream& out, const Dab& d) {
 inline std::vector<Dab> recordedDabs;
 
 // Black source rows; the dab's position is noted at its first row.
-inline void RecordDab(uint8_t* sourceRow, int y, int x0, int x1, int, int boxTop, int, int) {
+inline void RecordDab(uint8_t* sourceRow, int y, int x0, int x1, const Rect& box) {
   std::memset(sourceRow, 0, size_t(x1 - x0 + 1) * 3);
-  if (y == boxTop) recordedDabs.push_back({PenBlender.lastDabX, PenBlender.lastDabY});
+  if (y == box.top) recordedDabs.push_back({PenBlender.lastDabX, PenBlender.lastDabY});
 }
 
 using Keys = std::vector<int>;

@@ -31,7 +31,7 @@ std::string Checked(const Canvas* canvas, std::initializer_list<int> ids,
   for (int id : ids) bits += MenuStateOf(id, canvas, flags).checked ? '1' : '0';
   return bits;
 }
-Ints Tie(WindowRect r) { return {r.x, r.y, r.width, r.height}; }
+Ints Tie(Rect r) { return {r.left, r.top, r.Width(), r.Height()}; }
 
 TEST_F(Rules, MenuStatesFollowCanvasSettingsAndFlags) {
   Canvas* canvas = OpenBlank(4, 4);

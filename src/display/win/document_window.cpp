@@ -54,8 +54,8 @@ LRESULT Create(HWND window) {
 void Size(HWND window, int width, int height) {
   Canvas* canvas = CanvasOfDocument(window);
   if (!canvas || !canvas->frameWnd) return;
-  const ViewRect r = FramePlacement(canvas, width, height);
-  MoveWindow(static_cast<HWND>(canvas->frameWnd), r.x, r.y, r.width, r.height, TRUE);
+  const Rect r = FramePlacement(canvas, width, height);
+  MoveWindow(static_cast<HWND>(canvas->frameWnd), r.left, r.top, r.Width(), r.Height(), TRUE);
 }
 
 // The pointer's origin and the rulers that portable code addresses by role

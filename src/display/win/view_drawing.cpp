@@ -25,12 +25,11 @@ class ViewDc {
 
 // The picture's rows run bottom-up, so the part's source row counts from
 // the bottom.
-void DrawViewPicture(Canvas* canvas, const DibTile* picture, int x, int y, const ViewRect& part) {
+void DrawViewPicture(Canvas* canvas, const DibTile* picture, int x, int y, const Rect& part) {
   ViewDc dc(canvas);
   if (!dc.get()) return;
-  SetDIBitsToDevice(dc.get(), x + part.x, y + part.y, static_cast<DWORD>(part.width),
-                    static_cast<DWORD>(part.height), part.x,
-                    picture->height - part.y - part.height, 0,
+  SetDIBitsToDevice(dc.get(), x + part.left, y + part.top, static_cast<DWORD>(part.Width()),
+                    static_cast<DWORD>(part.Height()), part.left, picture->height - 1 - part.bottom, 0,
                     static_cast<UINT>(picture->height), picture->dib + picture->pixelOffset,
                     reinterpret_cast<const BITMAPINFO*>(picture->dib), DIB_RGB_COLORS);
 }
@@ -38,12 +37,12 @@ void DrawViewPicture(Canvas* canvas, const DibTile* picture, int x, int y, const
 // Lines are vertical or horizontal with both ends drawn; LineTo leaves out
 // its last point, so it goes one pixel further.
 void DrawGridLine(Canvas* canvas, const GridLine& line, uint32_t red, uint32_t green,
-                  uint32_t blue, int invert, const ViewRect& clip) {
+                  uint32_t blue, int invert, const Rect& clip) {
   ViewDc dc(canvas);
   if (!dc.get()) return;
   HPEN pen = CreatePen(PS_SOLID, 1, RGB(red, green, blue));
   if (!pen) return;
-  IntersectClipRect(dc.get(), clip.x, clip.y, clip.x + clip.width, clip.y + clip.height);
+  IntersectClipRect(dc.get(), clip.left, clip.top, clip.right + 1, clip.bottom + 1);
   SetROP2(dc.get(), invert ? R2_NOTXORPEN : R2_COPYPEN);
   HGDIOBJ old = SelectObject(dc.get(), pen);
   MoveToEx(dc.get(), line.x0, line.y0, nullptr);
@@ -55,11 +54,11 @@ void DrawGridLine(Canvas* canvas, const GridLine& line, uint32_t red, uint32_t g
   DeleteObject(pen);
 }
 
-void InvertViewBox(Canvas* canvas, const ViewRect& box) {
+void InvertViewBox(Canvas* canvas, const Rect& box) {
   ViewDc dc(canvas);
   if (!dc.get()) return;
   SetROP2(dc.get(), R2_NOT);
   HGDIOBJ old = SelectObject(dc.get(), GetStockObject(NULL_BRUSH));
-  Rectangle(dc.get(), box.x, box.y, box.x + box.width, box.y + box.height);
+  Rectangle(dc.get(), box.left, box.top, box.right + 1, box.bottom + 1);
   SelectObject(dc.get(), old);
 }

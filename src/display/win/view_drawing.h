@@ -9,7 +9,7 @@
 #include "document/canvas.h"
 #include "store/dib.h"
 
-void DrawViewPicture(Canvas* canvas, const DibTile* picture, int x, int y, const ViewRect& part);
+void DrawViewPicture(Canvas* canvas, const DibTile* picture, int x, int y, const Rect& part);
 void DrawGridLine(Canvas* canvas, const GridLine& line, uint32_t red, uint32_t green,
-                  uint32_t blue, int invert, const ViewRect& clip);
-void InvertViewBox(Canvas* canvas, const ViewRect& box);
+                  uint32_t blue, int invert, const Rect& clip);
+void InvertViewBox(Canvas* canvas, const Rect& box);

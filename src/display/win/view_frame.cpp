@@ -17,8 +17,8 @@ namespace {
 
 Canvas* CanvasOfFrame(HWND frame) { return CanvasOfDocument(GetParent(frame)); }
 
-void Place(void* window, const ViewRect& r) {
-  MoveWindow(static_cast<HWND>(window), r.x, r.y, r.width, r.height, TRUE);
+void Place(void* window, const Rect& r) {
+  MoveWindow(static_cast<HWND>(window), r.left, r.top, r.Width(), r.Height(), TRUE);
 }
 
 void LayOut(HWND frame, Canvas* canvas, int width, int height) {

@@ -53,8 +53,7 @@ void PaintRowByRow(Canvas* canvas, const DabArea& area, const DabTip& tip) {
   for (int r = 0; r < area.height; ++r) {
     int kind = kBlendOver;
     FetchModeRow(canvas, PenRows.sourceRow, PenRows.sourceOpacityRow, PenRows.protectRow,
-                 area.top + r, x0, x1, area.boxLeft, area.boxTop, area.boxRight, area.boxBottom,
-                 &kind);
+                 area.top + r, x0, x1, area.box, &kind);
     BlendRow(canvas, PenRows.sourceRow, TipRow(tip.high, area, r), TipRow(tip.low, area, r),
              PenRows.sourceOpacityRow, PenRows.protectRow, kind, area.top + r, x0, x1, 0);
   }

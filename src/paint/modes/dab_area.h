@@ -4,6 +4,7 @@
 
 #include <cstdint>
 
+#include "base/rect.h"
 #include "document/canvas.h"
 
 // The tip of a dab: the area's width times its height of values, row
@@ -15,8 +16,8 @@ struct DabTip {
 };
 
 struct DabArea {
-  int left, top, width, height;              // the rows painted
-  int boxLeft, boxTop, boxRight, boxBottom;  // the box the kernels are given
+  int left, top, width, height;  // the rows painted
+  Rect box;                      // the box the kernels are given
 };
 
 void PaintDab(Canvas* canvas, const DabArea& area, const DabTip& tip);

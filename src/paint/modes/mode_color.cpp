@@ -19,7 +19,7 @@ bool PatternActive() {
 
 // The pattern moves with the dab when it is the tip itself; otherwise it is
 // anchored to the canvas. Its alpha is the coverage, full without one.
-void PatternRow(const ModeRows& rows, const RowSpan& span, const DabBox& box) {
+void PatternRow(const ModeRows& rows, const RowSpan& span, const Rect& box) {
   Plane* image = pen.patternImage;
   const int ty = Wrap(patternIsTip ? span.y - box.top : span.y, image->height);
   const int tx = patternIsTip ? 0 : Wrap(span.x0, image->width);
@@ -46,13 +46,12 @@ bool FlatColorKernel() {
   return pen.mode == kModeColor && pen.colorStyle != 1 && !PatternActive() && !penSources.toneRow;
 }
 
-int ColorKernel(Canvas*, const ModeRows& rows, const RowSpan& span, const DabBox& box) {
+int ColorKernel(Canvas*, const ModeRows& rows, const RowSpan& span, const Rect& box) {
   const int count = span.Count();
   if (pen.colorStyle == 1) {
     // A gradient pen paints nothing until gradients are there to give it.
     if (!penSources.gradientRow) return PaintNothing(rows, span);
-    penSources.gradientRow(rows.source, span.y, span.x0, span.x1, box.left, box.top, box.right,
-                      box.bottom);
+    penSources.gradientRow(rows.source, span.y, span.x0, span.x1, box);
     std::memset(rows.protect, 0, size_t(count));
     return kBlendOver;
   }
@@ -67,8 +66,7 @@ int ColorKernel(Canvas*, const ModeRows& rows, const RowSpan& span, const DabBox
       return kBlendOver;
     }
   }
-  CutByTone(span.y, span.x0, span.x1, box.left, box.top, box.right, box.bottom, rows.protect,
-            !pattern);
+  CutByTone(span.y, span.x0, span.x1, box, rows.protect, !pattern);
   Invert(rows.protect, count);
   return kBlendOver;
 }

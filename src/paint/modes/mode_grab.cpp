@@ -15,7 +15,7 @@ namespace {
 
 constexpr double kDegree = 0.017453292519943295;
 
-int Grab(Canvas* canvas, const ModeRows& rows, const RowSpan& span, const DabBox& box) {
+int Grab(Canvas* canvas, const ModeRows& rows, const RowSpan& span, const Rect& box) {
   PenReadRow& read = readRows[0];
   ReadPenRow(canvas, span.y, span.x0, span.x1, read.color, read.opacity, read.ok);
   const int width = box.Width();
@@ -50,7 +50,7 @@ void Drop(const ModeRows& rows, int i, int column, int row) {
   rows.protect[i] = PenKernels.grabProtect[at];
 }
 
-int DropRub(Canvas* canvas, const ModeRows& rows, const RowSpan& span, const DabBox& box) {
+int DropRub(Canvas* canvas, const ModeRows& rows, const RowSpan& span, const Rect& box) {
   for (int i = 0; i < span.Count(); ++i) Drop(rows, i, span.x0 + i - box.left, span.y - box.top);
   return KindOnPlane(canvas);
 }
@@ -58,7 +58,7 @@ int DropRub(Canvas* canvas, const ModeRows& rows, const RowSpan& span, const Dab
 // Halves away from zero; 0 itself goes down and truncates back to 0.
 int RoundHalfAway(double v) { return int(v > 0 ? v + 0.5 : v - 0.5); }
 
-int DropTurned(const ModeRows& rows, const RowSpan& span, const DabBox& box, double degrees) {
+int DropTurned(const ModeRows& rows, const RowSpan& span, const Rect& box, double degrees) {
   const double angle = degrees * kDegree;
   const double sine = std::sin(angle), cosine = std::cos(angle);
   const int middleX = box.Width() / 2, middleY = box.Height() / 2;
@@ -74,7 +74,7 @@ int DropTurned(const ModeRows& rows, const RowSpan& span, const DabBox& box, dou
 
 }  // namespace
 
-int GrabKernel(Canvas* canvas, const ModeRows& rows, const RowSpan& span, const DabBox& box) {
+int GrabKernel(Canvas* canvas, const ModeRows& rows, const RowSpan& span, const Rect& box) {
   // The grab buffers hold no larger box: such a tip paints nothing.
   if (box.Width() > kGrabSide || box.Height() > kGrabSide) return PaintNothing(rows, span);
   if (dabCount % 2 == 0) return Grab(canvas, rows, span, box);

@@ -3,6 +3,7 @@
 // kind of blend.
 #pragma once
 
+#include "base/rect.h"
 #include <cstdint>
 
 #include "document/canvas.h"
@@ -13,12 +14,6 @@ struct ModeRows {
   uint8_t* source;  // blue, green, red
   uint8_t* opacity;
   uint8_t* protect;
-};
-
-struct DabBox {
-  int left, top, right, bottom;  // inclusive
-  int Width() const { return right - left + 1; }
-  int Height() const { return bottom - top + 1; }
 };
 
 struct RowSpan {
@@ -49,7 +44,7 @@ inline int Wrap(int x, int m) { return ((x % m) + m) % m; }
 // wrapping to column 0 at the tile's right edge.
 void ReadTiled(Plane* tile, int ty, int tx, int count, uint8_t* out);
 
-int ColorKernel(Canvas* canvas, const ModeRows& rows, const RowSpan& span, const DabBox& box);
+int ColorKernel(Canvas* canvas, const ModeRows& rows, const RowSpan& span, const Rect& box);
 // Whether the pen is of mode Color with the flat colour, uncut: its kernel
 // then gives every row the pen's colour and no protection, reading nothing.
 bool FlatColorKernel();
@@ -57,10 +52,10 @@ bool FlatColorKernel();
 void FillColor(uint8_t* row, int count);
 int TileKernel(Canvas* canvas, const ModeRows& rows, const RowSpan& span);
 int BlurKernel(Canvas* canvas, const ModeRows& rows, const RowSpan& span);
-int Blur2Kernel(Canvas* canvas, const ModeRows& rows, const RowSpan& span, const DabBox& box);
+int Blur2Kernel(Canvas* canvas, const ModeRows& rows, const RowSpan& span, const Rect& box);
 int StirKernel(Canvas* canvas, const ModeRows& rows, const RowSpan& span);
 int EraserKernel(Canvas* canvas, const ModeRows& rows, const RowSpan& span);
 int CloneKernel(Canvas* canvas, const ModeRows& rows, const RowSpan& span);
 int NoiseKernel(Canvas* canvas, const ModeRows& rows, const RowSpan& span);
 // Rub and the two rotations: grab on an even dabCount, drop on an odd one.
-int GrabKernel(Canvas* canvas, const ModeRows& rows, const RowSpan& span, const DabBox& box);
+int GrabKernel(Canvas* canvas, const ModeRows& rows, const RowSpan& span, const Rect& box);

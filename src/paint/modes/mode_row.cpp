@@ -22,10 +22,9 @@ void SetSourceTile(Plane* tile) {
   PenKernels.sourceTile = tile;
 }
 
-void CutByTone(int y, int x0, int x1, int left, int top, int right, int bottom, uint8_t* row,
-               int init) {
+void CutByTone(int y, int x0, int x1, const Rect& box, uint8_t* row, int init) {
   if (penSources.toneRow)
-    penSources.toneRow(y, x0, x1, left, top, right, bottom, row, init);
+    penSources.toneRow(y, x0, x1, box, row, init);
   else if (init)
     std::memset(row, 255, size_t(x1 - x0 + 1));
 }
@@ -82,7 +81,7 @@ void AddPlaneProtection(Canvas* canvas, uint8_t* protectRow, int y, int x0, int 
 
 namespace {
 
-int RunKernel(Canvas* canvas, const ModeRows& rows, const RowSpan& span, const DabBox& box) {
+int RunKernel(Canvas* canvas, const ModeRows& rows, const RowSpan& span, const Rect& box) {
   switch (pen.mode) {
     case kModeColor:
       return ColorKernel(canvas, rows, span, box);
@@ -113,18 +112,16 @@ int RunKernel(Canvas* canvas, const ModeRows& rows, const RowSpan& span, const D
 }  // namespace
 
 void FetchModeRow(Canvas* canvas, uint8_t* sourceRow, uint8_t* sourceOpacityRow,
-                  uint8_t* protectRow, int y, int x0, int x1, int boxLeft, int boxTop, int boxRight,
-                  int boxBottom, int* outKind) {
+                  uint8_t* protectRow, int y, int x0, int x1, const Rect& box, int* outKind) {
   if (x0 > canvas->canvasWidth - 1 || y < 0 || y > canvas->canvasHeight - 1 || x1 < 0) return;
   const RowSpan span{y, x0, x1};
   if (span.Count() < 1 || span.Count() > kPenRowPixels - 2) return;
   const ModeRows rows{sourceRow, sourceOpacityRow, protectRow};
-  const DabBox box{boxLeft, boxTop, boxRight, boxBottom};
   const int kind = RunKernel(canvas, rows, span, box);
   if (kind >= 0) *outKind = kind;
 
   AddPlaneProtection(canvas, protectRow, y, x0, x1);
   if (ColorMaskActive())
-    ApplyColorMask(canvas, protectRow, y, x0, x1, (boxLeft + boxRight) / 2,
-                   (boxTop + boxBottom) / 2);
+    ApplyColorMask(canvas, protectRow, y, x0, x1, (box.left + box.right) / 2,
+                   (box.top + box.bottom) / 2);
 }

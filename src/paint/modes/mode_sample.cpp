@@ -47,7 +47,7 @@ int BlurKernel(Canvas* canvas, const ModeRows& rows, const RowSpan& span) {
   return kBlendReplace;
 }
 
-int Blur2Kernel(Canvas* canvas, const ModeRows& rows, const RowSpan& span, const DabBox& box) {
+int Blur2Kernel(Canvas* canvas, const ModeRows& rows, const RowSpan& span, const Rect& box) {
   const PlaneSlot& active = ActiveSlot(canvas);
   // Only pixels of the plane can be read and counted.
   const int x0 = std::max(box.left, active.left);

@@ -8,6 +8,7 @@
 #include <cstdint>
 #include <functional>
 
+#include "base/rect.h"
 #include "document/canvas.h"
 #include "paint/modes/pen_rows.h"
 
@@ -64,21 +65,16 @@ void SetSourceTile(Plane* tile);
 struct PenSources {
   // The colour row of the gradient over the box, for colorStyle 1. Without
   // it a gradient pen paints nothing.
-  std::function<void(uint8_t* sourceRow, int y, int x0, int x1, int boxLeft, int boxTop,
-                     int boxRight, int boxBottom)>
-      gradientRow;
+  std::function<void(uint8_t* sourceRow, int y, int x0, int x1, const Rect& box)> gradientRow;
   // Cuts a coverage row, columns x0..x1 of line y, by the Tone Filter's
   // patterns over the box; with init the row is first filled with 255.
   // Without it no pattern is set: init fills, else the row stays.
-  std::function<void(int y, int x0, int x1, int left, int top, int right, int bottom,
-                     uint8_t* row, int init)>
-      toneRow;
+  std::function<void(int y, int x0, int x1, const Rect& box, uint8_t* row, int init)> toneRow;
 };
 extern PenSources penSources;
 
 // The Tone Filter applied to a coverage row (as registered, or none).
-void CutByTone(int y, int x0, int x1, int left, int top, int right, int bottom, uint8_t* row,
-               int init);
+void CutByTone(int y, int x0, int x1, const Rect& box, uint8_t* row, int init);
 
 // Fills the three rows for canvas columns x0..x1 of row y by the kernel of
 // pen.mode, then adds the protection of the mask and further planes, the
@@ -86,8 +82,7 @@ void CutByTone(int y, int x0, int x1, int left, int top, int right, int bottom, 
 // mask. The box is the whole dab's. Rows hold at least x1 - x0 + 1 pixels.
 // Nothing is done for a row off the canvas; *outKind is then untouched.
 void FetchModeRow(Canvas* canvas, uint8_t* sourceRow, uint8_t* sourceOpacityRow,
-                  uint8_t* protectRow, int y, int x0, int x1, int boxLeft, int boxTop, int boxRight,
-                  int boxBottom, int* outKind);
+                  uint8_t* protectRow, int y, int x0, int x1, const Rect& box, int* outKind);
 // The protection FetchModeRow ors into protectRow after the kernel, but
 // for the colour mask: the layer's on an image plane, and the selection's
 // during Fill or with "Mask Outside Selection".

@@ -37,20 +37,8 @@ void ResetPenModes() {
 
 namespace {
 
-struct Box {
-  int left, top, right, bottom;
-};
-
-void Report(const Box& box, int* outLeft, int* outTop, int* outRight, int* outBottom) {
-  if (outLeft) *outLeft = box.left;
-  if (outTop) *outTop = box.top;
-  if (outRight) *outRight = box.right;
-  if (outBottom) *outBottom = box.bottom;
-}
-
-void Repaint(Canvas* canvas, const Box& box) {
-  RedrawRect(canvas, ToView(canvas, box.left), ToView(canvas, box.top), ToView(canvas, box.right),
-             ToView(canvas, box.bottom));
+void Report(const Rect& box, Rect* painted) {
+  if (painted) *painted = box;
 }
 
 void WaitForSpeed() {
@@ -60,12 +48,12 @@ void WaitForSpeed() {
 // Only the 16-bit blend reads the low bytes of the tip.
 uint8_t* LowBytesFor(bool wanted) { return wanted ? PenBlender.tipLowBuffer : nullptr; }
 
-Box PlaceDabInteger(Canvas* canvas, int x, int y) {
+Rect PlaceDabInteger(Canvas* canvas, int x, int y) {
   int w = 0, h = 0;
   uint8_t* low = LowBytesFor(ActiveSlot(canvas).accuracyPlane);
   FetchTipRaster(PenBlender.tipHighBuffer, low, &w, &h);
-  const Box box{x + 1 - w / 2, y + 1 - h / 2, x + 1 - w / 2 + w, y + 1 - h / 2 + h};
-  PaintDab(canvas, DabArea{box.left, box.top, w, h, box.left, box.top, box.right, box.bottom},
+  const Rect box{x + 1 - w / 2, y + 1 - h / 2, x + 1 - w / 2 + w, y + 1 - h / 2 + h};
+  PaintDab(canvas, DabArea{box.left, box.top, w, h, box},
            DabTip{PenBlender.tipHighBuffer, low});
   return box;
 }
@@ -75,7 +63,7 @@ Box PlaceDabInteger(Canvas* canvas, int x, int y) {
 int WholePixel(double v) { return v > 0 ? int(v) : int(v - 1); }
 
 // The tip at a sub-pixel position, one row and column larger than itself.
-Box PlaceDabFraction(Canvas* canvas, double x, double y, int ix, int iy) {
+Rect PlaceDabFraction(Canvas* canvas, double x, double y, int ix, int iy) {
   const bool lowBytes = canvas->doubleAccuracy != 0;
   int w = 0, h = 0;
   FetchTipRaster(PenBlender.tipHighBuffer, LowBytesFor(lowBytes), &w, &h);
@@ -84,15 +72,14 @@ Box PlaceDabFraction(Canvas* canvas, double x, double y, int ix, int iy) {
   // The low bytes are shifted as if they were values of their own.
   ShiftTip(PenBlender.tipHighBuffer, w, h, fx, fy, PenBlender.shiftedHigh);
   if (lowBytes) ShiftTip(PenBlender.tipLowBuffer, w, h, fx, fy, PenBlender.shiftedLow);
-  PaintDab(canvas, DabArea{left, top, w + 1, h + 1, left, top, left + w, top + h},
+  PaintDab(canvas, DabArea{left, top, w + 1, h + 1, {left, top, left + w, top + h}},
            DabTip{PenBlender.shiftedHigh, lowBytes ? PenBlender.shiftedLow : nullptr});
-  return Box{left, top, left + w + 1, top + h + 1};
+  return Rect{left, top, left + w + 1, top + h + 1};
 }
 
 }  // namespace
 
-void RestoreDab(Canvas* canvas, int x, int y, int* outLeft, int* outTop, int* outRight,
-                int* outBottom) {
+Rect RestoreDab(Canvas* canvas, int x, int y) {
   int w = 0, h = 0;
   FetchTipRaster(PenBlender.tipHighBuffer, PenBlender.tipLowBuffer, &w, &h);
   const int left = x - w / 2, top = y - h / 2;
@@ -107,17 +94,17 @@ void RestoreDab(Canvas* canvas, int x, int y, int* outLeft, int* outTop, int* ou
              PenBlender.tipLowBuffer + size_t(r) * w, PenRows.sourceOpacityRow, PenRows.protectRow,
              kBlendReplace, top + r, left, left + w - 1, 1);
   }
-  Report(Box{left, top, left + w, top + h}, outLeft, outTop, outRight, outBottom);
+  return Rect{left, top, left + w, top + h};
 }
 
-int PlaceDab(Canvas* canvas, double x, double y, int refresh, int rightButton, int* outLeft,
-             int* outTop, int* outRight, int* outBottom, double spacing, int& first) {
-  Box box;
+int PlaceDab(Canvas* canvas, double x, double y, int refresh, int rightButton, Rect* painted,
+             double spacing, int& first) {
+  Rect box;
   if (!PenBlender.antiAlias) {
     const int ix = int(x + 0.5), iy = int(y + 0.5);
     WaitForSpeed();
     if (rightButton)
-      RestoreDab(canvas, ix, iy, &box.left, &box.top, &box.right, &box.bottom);
+      box = RestoreDab(canvas, ix, iy);
     else
       box = PlaceDabInteger(canvas, ix, iy);
   } else {
@@ -128,7 +115,7 @@ int PlaceDab(Canvas* canvas, double x, double y, int refresh, int rightButton, i
       // Too near the last dab: the box is the point, and the segment walker
       // leaves it out; a stationary stroke paints on.
       const int px = int(x), py = int(y);
-      Report(Box{px, py, px, py}, outLeft, outTop, outRight, outBottom);
+      Report(Rect{px, py, px, py}, painted);
       if (PenBlender.connected) return 0;
     }
     PenBlender.lastDabX = x;
@@ -136,11 +123,11 @@ int PlaceDab(Canvas* canvas, double x, double y, int refresh, int rightButton, i
     const int ix = WholePixel(x), iy = WholePixel(y);
     WaitForSpeed();
     if (rightButton)
-      RestoreDab(canvas, ix, iy, &box.left, &box.top, &box.right, &box.bottom);
+      box = RestoreDab(canvas, ix, iy);
     else
       box = PlaceDabFraction(canvas, x, y, ix, iy);
   }
-  if (refresh) Repaint(canvas, box);
-  Report(box, outLeft, outTop, outRight, outBottom);
+  if (refresh) RedrawCanvasBox(canvas, box);
+  Report(box, painted);
   return 1;
 }

@@ -18,6 +18,7 @@
 
 #include <cstdint>
 
+#include "base/rect.h"
 #include "document/canvas.h"
 #include "paint/modes/dab_rows.h"
 #include "paint/modes/tip_shift.h"
@@ -60,11 +61,11 @@ void ResetPenModes();
 
 // Places one dab (or, with rightButton, restores one from the snapshot).
 // Returns 1 when the dab was placed, 0 when spacing refused it.
-int PlaceDab(Canvas* canvas, double x, double y, int refresh, int rightButton, int* outLeft,
-             int* outTop, int* outRight, int* outBottom, double spacing, int& first);
+// The box touched goes to painted, which may be null.
+int PlaceDab(Canvas* canvas, double x, double y, int refresh, int rightButton, Rect* painted,
+             double spacing, int& first);
 
 // The Undo Pen's dab centred on whole pixel x, y: the tip paints the
-// snapshot back, through the mask and the selection. The box touched goes
-// to the outputs (each may be null).
-void RestoreDab(Canvas* canvas, int x, int y, int* outLeft, int* outTop, int* outRight,
-                int* outBottom);
+// snapshot back, through the mask and the selection. Returns the box
+// touched.
+Rect RestoreDab(Canvas* canvas, int x, int y);

@@ -34,7 +34,7 @@ int RunConnectedStroke(Canvas* canvas, int x, int y, int rightButton) {
   if (TabletTakesStroke()) return RunTabletStroke(canvas, x, y, rightButton);
   const double spacing = StrokeSpacing();
   int first = 1;
-  StrokeBox box;
+  Rect box = kNoBox;
   double lastX = -1.0, lastY = -1.0;
   if (!BeginStroke(canvas, rightButton)) return 0;
   const uint32_t savedThick = pen.colorThickness;
@@ -46,19 +46,18 @@ int RunConnectedStroke(Canvas* canvas, int x, int y, int rightButton) {
     QualityPause();
     const StrokePoint at = StrokePosition(canvas, first);
     ApplyPressure(first, -1);
-    StrokeBox painted;
+    Rect painted = kNoBox;
     if (first || singleShot) {
-      PlaceDab(canvas, at.x, at.y, 1, rightButton, &painted.left, &painted.top, &painted.right,
-               &painted.bottom, spacing, first);
+      PlaceDab(canvas, at.x, at.y, 1, rightButton, &painted, spacing, first);
       lastX = at.x;
       lastY = at.y;
     } else if (Rounded(at.x) != Rounded(lastX) || Rounded(at.y) != Rounded(lastY)) {
-      DrawPenSegment(canvas, lastX, lastY, at.x, at.y, 0, rightButton, &painted.left,
-                     &painted.top, &painted.right, &painted.bottom, 1, spacing, first);
+      DrawPenSegment(canvas, lastX, lastY, at.x, at.y, 0, rightButton, &painted, 1, spacing,
+                     first);
       lastX = at.x;
       lastY = at.y;
     }
-    box.Merge(painted);
+    box = Union(box, painted);
     RestorePen();
     ++dabCount;
     first = 0;

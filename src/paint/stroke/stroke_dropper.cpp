@@ -90,8 +90,8 @@ Pick AreaCorner(Canvas* canvas) {
 
 void InvertArea(Canvas* canvas, const Pick& a, const Pick& b) {
   if (!viewWindows.invertBox) return;
-  viewWindows.invertBox(canvas, ViewRectOf(canvas, std::min(a.x, b.x), std::min(a.y, b.y),
-                                           std::max(a.x, b.x), std::max(a.y, b.y)));
+  viewWindows.invertBox(canvas, ViewRectOf(canvas, Rect{std::min(a.x, b.x), std::min(a.y, b.y),
+                                                         std::max(a.x, b.x), std::max(a.y, b.y)}));
 }
 
 // The rows of the active plane inside the box become the pattern: the

@@ -18,7 +18,7 @@
 int RunFreehandStroke(Canvas* canvas, int, int, int rightButton) {
   const double spacing = StrokeSpacing();
   int first = 1;
-  StrokeBox box;
+  Rect box = kNoBox;
   if (!BeginStroke(canvas, rightButton)) return 0;
   const bool singleShot = SingleShotHeld();
   // Only the Clone pen's outline moves with the stroke: it shows the source.
@@ -31,12 +31,11 @@ int RunFreehandStroke(Canvas* canvas, int, int, int rightButton) {
     const StrokePoint at = StrokePosition(canvas, first);
     ApplyPressure(first, -1);
     const int x = static_cast<int>(std::trunc(at.x)), y = static_cast<int>(std::trunc(at.y));
-    StrokeBox dab;
-    PlaceDab(canvas, x, y, 1, rightButton, &dab.left, &dab.top, &dab.right, &dab.bottom, spacing,
-             first);
+    Rect dab = kNoBox;
+    PlaceDab(canvas, x, y, 1, rightButton, &dab, spacing, first);
     // Both coordinates must change before the outline follows.
     if (clone && x != penOutline.x && y != penOutline.y) MovePenOutline(canvas, x, y);
-    box.Merge(dab);
+    box = Union(box, dab);
     RestorePen();
     first = 0;
     ++dabCount;

@@ -61,6 +61,6 @@ void QualityPause() {
   }
 }
 
-void RecordStrokeUndo(Canvas* canvas, const StrokeBox& box) {
+void RecordStrokeUndo(Canvas* canvas, const Rect& box) {
   UndoHistory.RecordUndo(canvas, -1, 1, box.left, box.top, box.right, box.bottom, 0);
 }

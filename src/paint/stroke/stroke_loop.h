@@ -3,7 +3,7 @@
 #pragma once
 
 #include "document/canvas.h"
-#include "paint/stroke/stroke_box.h"
+#include "base/rect.h"
 
 // The button of the stroke is down: the left one, or for a right-button
 // stroke the right one, Q or the context key, which count alike.
@@ -26,4 +26,4 @@ void EndStroke(Canvas* canvas);
 void QualityPause();
 
 // The stroke's box as the undo history's record of the active plane.
-void RecordStrokeUndo(Canvas* canvas, const StrokeBox& box);
+void RecordStrokeUndo(Canvas* canvas, const Rect& box);

@@ -5,6 +5,7 @@
 // comes from polling.
 #pragma once
 
+#include "base/rect.h"
 #include "document/canvas.h"
 
 // One dab per pass, at the whole pixel under the pointer, also while the
@@ -24,5 +25,4 @@ int RunTabletStroke(Canvas* canvas, int x, int y, int rightButton);
 // 100 ms, the positions smoothed over ten slots. The box given grows by
 // what is painted and is recorded for undo. Nothing is done for fewer
 // than two samples; count may exceed what was stored.
-int ReplaySmoothedStroke(Canvas* canvas, int rightButton, int count, int left, int top,
-                         int right, int bottom);
+int ReplaySmoothedStroke(Canvas* canvas, int rightButton, int count, const Rect& box);

@@ -32,10 +32,8 @@ PenOutline PenOutlineAt(const Canvas* canvas, int x, int y) {
     height = static_cast<int>(std::trunc(2 * pen.radiusY + 1));
   }
   const int left = x - width / 2, top = y - height / 2;
-  outline.left = ToView(canvas, left);
-  outline.top = ToView(canvas, top);
-  outline.right = ToView(canvas, left + width);
-  outline.bottom = ToView(canvas, top + height);
+  outline.box = {ToView(canvas, left), ToView(canvas, top), ToView(canvas, left + width) - 1,
+                 ToView(canvas, top + height) - 1};
   if (pen.mode == kModeClone) {
     outline.cross = 1;
     outline.crossX = ToView(canvas, x + PenKernels.cloneOffsetX, 1);

@@ -5,15 +5,16 @@
 // it by inversion, so drawing the same outline again removes it.
 #pragma once
 
+#include "base/rect.h"
 #include "document/canvas.h"
 
 constexpr int kCloneCrossArm = 12;  // view pixels each way: a cross of 25
 
 struct PenOutline {
-  int ellipse;                   // 1 an ellipse inside the box, 0 the box itself
-  int left, top, right, bottom;  // view pixels
-  int cross;                     // the clone source's cross is drawn too
-  int crossX, crossY;            // its middle, view pixels
+  int ellipse;         // 1 an ellipse inside the box, 0 the box itself
+  Rect box;            // view pixels
+  int cross;           // the clone source's cross is drawn too
+  int crossX, crossY;  // its middle, view pixels
 };
 
 // The outline for the pointer at canvas pixel (x, y).

@@ -3,8 +3,8 @@
 #include <cstdint>
 #include <cstdlib>
 
+#include "display/redraw.h"
 #include "paint/stroke/dab_count.h"
-#include "paint/stroke/stroke_box.h"
 #include "paint/stroke/stroke_engine.h"
 #include "paint/stroke/stroke_loop.h"
 #include "paint/stroke/stroke_loops.h"
@@ -71,8 +71,7 @@ void SmoothPositions(StrokeSample* s, int m) {
 
 }  // namespace
 
-int ReplaySmoothedStroke(Canvas* canvas, int rightButton, int count, int left, int top,
-                         int right, int bottom) {
+int ReplaySmoothedStroke(Canvas* canvas, int rightButton, int count, const Rect& given) {
   if (count < 2) return 1;
   // Only the samples that fit were stored.
   const int stored = std::min(count, kStrokeSampleLimit);
@@ -84,26 +83,21 @@ int ReplaySmoothedStroke(Canvas* canvas, int rightButton, int count, int left, i
   FadeIn(s, m);
   SmoothPositions(s, m);
 
-  StrokeBox box;
-  box.Merge(left, top, right, bottom);
+  Rect box = Union(kNoBox, given);
   int first = 1;
   dabCount = 0;
   for (int i = 0; i + 1 < m; ++i) {
     ApplyPressure(first, s[i].pressure);
-    StrokeBox painted;
-    DrawPenSegment(canvas, s[i].x, s[i].y, s[i + 1].x, s[i + 1].y, 0, rightButton, &painted.left,
-                   &painted.top, &painted.right, &painted.bottom, 0, spacing, first);
-    box.Merge(painted);
+    Rect painted = kNoBox;
+    DrawPenSegment(canvas, s[i].x, s[i].y, s[i + 1].x, s[i + 1].y, 0, rightButton, &painted, 0,
+                   spacing, first);
+    box = Union(box, painted);
     RestorePen();
     ++dabCount;
     first = 0;
   }
-  StrokeBox margin = box;
-  margin.left -= kRepaintMargin;
-  margin.top -= kRepaintMargin;
-  margin.right += kRepaintMargin;
-  margin.bottom += kRepaintMargin;
-  RepaintCanvasBox(canvas, margin);
+  RedrawCanvasBox(canvas, Rect{box.left - kRepaintMargin, box.top - kRepaintMargin,
+                               box.right + kRepaintMargin, box.bottom + kRepaintMargin});
   RecordStrokeUndo(canvas, box);
   return 1;
 }

@@ -4,7 +4,7 @@
 
 #include "paint/modes/place_dab.h"
 #include "paint/stroke/dab_count.h"
-#include "paint/stroke/stroke_box.h"
+#include "display/redraw.h"
 #include "paint/tip/tip.h"
 
 double StrokeSpacing(double factor) {
@@ -13,8 +13,7 @@ double StrokeSpacing(double factor) {
 }
 
 void DrawPenSegment(Canvas* canvas, double x0, double y0, double x1, double y1, int exactEnd,
-                    int rightButton, int* outLeft, int* outTop, int* outRight, int* outBottom,
-                    int refresh, double spacing, int& first) {
+                    int rightButton, Rect* painted, int refresh, double spacing, int& first) {
   const double dx10 = std::trunc(x0 * 10 - x1 * 10);
   const double dy10 = std::trunc(y0 * 10 - y1 * 10);
   const bool majorY = std::fabs(dx10) <= std::fabs(dy10);
@@ -24,19 +23,15 @@ void DrawPenSegment(Canvas* canvas, double x0, double y0, double x1, double y1, 
   const bool falling = a1 < a0;
   if (!exactEnd && std::fabs(a1 - a0) > 1.5) a1 += falling ? 0.5 : -0.5;
 
-  StrokeBox box;
+  Rect box = kNoBox;
   const double step = falling ? -0.1 : 0.1;
   for (double t = a0; falling ? t > a1 : t < a1; t += step) {
     const double minor = (t - a0) * (b1 - b0) / (a1 - a0) + b0;
-    int l = 999999, tp = 999999, r = 0, b = 0;
-    PlaceDab(canvas, majorY ? minor : t, majorY ? t : minor, 0, rightButton, &l, &tp, &r, &b,
-             spacing, first);
-    box.Merge(l, tp, r, b);
+    Rect dab = kNoBox;
+    PlaceDab(canvas, majorY ? minor : t, majorY ? t : minor, 0, rightButton, &dab, spacing, first);
+    box = Union(box, dab);
     ++dabCount;
   }
-  if (refresh) RepaintCanvasBox(canvas, box);
-  if (outLeft) *outLeft = box.left;
-  if (outTop) *outTop = box.top;
-  if (outRight) *outRight = box.right;
-  if (outBottom) *outBottom = box.bottom;
+  if (refresh) RedrawCanvasBox(canvas, box);
+  if (painted) *painted = box;
 }

@@ -4,6 +4,7 @@
 // accepted while `connected` is set, which spaces them evenly at any slope.
 #pragma once
 
+#include "base/rect.h"
 #include "document/canvas.h"
 
 // The spacing factor of strokes, and of the Line command and the outlines
@@ -21,8 +22,6 @@ double StrokeSpacing(double factor = kStrokeSpacingFactor);
 // pixels is pulled back by half a pixel, so the point where the next
 // segment starts is painted once. A segment of no length places nothing.
 // With refresh the union of the dabs is repainted once at the end. The
-// union goes to the outputs that aren't null (left and top 999999, right
-// and bottom 0 when nothing was touched).
+// union goes to painted unless it is null (kNoBox when nothing was touched).
 void DrawPenSegment(Canvas* canvas, double x0, double y0, double x1, double y1, int exactEnd,
-                    int rightButton, int* outLeft, int* outTop, int* outRight, int* outBottom,
-                    int refresh, double spacing, int& first);
+                    int rightButton, Rect* painted, int refresh, double spacing, int& first);

@@ -30,7 +30,7 @@ void RecordSample(int index, const StrokePoint& at, const TabletPacket& packet) 
 int RunTabletStroke(Canvas* canvas, int, int, int rightButton) {
   const double spacing = StrokeSpacing();
   int first = 1;
-  StrokeBox box;
+  Rect box = kNoBox;
   double lastX = -1.0, lastY = -1.0;
   if (!BeginStroke(canvas, rightButton)) return 0;
   // The replay undoes the stroke first, so there must be an entry to undo.
@@ -50,19 +50,19 @@ int RunTabletStroke(Canvas* canvas, int, int, int rightButton) {
     if (packet.orientation < 0) UseStylusEraser();
     ApplyPressure(first, packet.pressure);
     RecordSample(count++, at, packet);
-    StrokeBox painted;
+    Rect painted = kNoBox;
     if (first) {
-      PlaceDab(canvas, std::trunc(at.x), std::trunc(at.y), 1, rightButton, &painted.left,
-               &painted.top, &painted.right, &painted.bottom, spacing, first);
+      PlaceDab(canvas, std::trunc(at.x), std::trunc(at.y), 1, rightButton, &painted, spacing,
+               first);
       lastX = at.x;
       lastY = at.y;
     } else if (at.x != lastX || at.y != lastY) {
-      DrawPenSegment(canvas, lastX, lastY, at.x, at.y, 0, rightButton, &painted.left,
-                     &painted.top, &painted.right, &painted.bottom, 1, spacing, first);
+      DrawPenSegment(canvas, lastX, lastY, at.x, at.y, 0, rightButton, &painted, 1, spacing,
+                     first);
       lastX = at.x;
       lastY = at.y;
     }
-    box.Merge(painted);
+    box = Union(box, painted);
     ++dabCount;
     RestorePen();
     first = 0;
@@ -74,7 +74,7 @@ int RunTabletStroke(Canvas* canvas, int, int, int rightButton) {
   // paints nothing for fewer than two samples.
   if (StrokeEngine.autoSmooth && count >= 2) {
     UndoHistory.Undo(canvas, 0);
-    ReplaySmoothedStroke(canvas, rightButton, count, box.left, box.top, box.right, box.bottom);
+    ReplaySmoothedStroke(canvas, rightButton, count, box);
   }
   pen.colorThickness = savedThick;
   EndStroke(canvas);

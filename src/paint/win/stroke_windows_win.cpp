@@ -44,10 +44,11 @@ void InvertScreenLine(int x0, int y0, int x1, int y1) {
 void DrawPenOutline(WindowHandle view, const PenOutline& outline) {
   InvertingDc dc(static_cast<HWND>(view));
   if (!dc.get()) return;
+  const Rect& box = outline.box;
   if (outline.ellipse)
-    Ellipse(dc.get(), outline.left, outline.top, outline.right, outline.bottom);
+    Ellipse(dc.get(), box.left, box.top, box.right + 1, box.bottom + 1);
   else
-    Rectangle(dc.get(), outline.left, outline.top, outline.right, outline.bottom);
+    Rectangle(dc.get(), box.left, box.top, box.right + 1, box.bottom + 1);
   if (!outline.cross) return;
   const int x = outline.crossX, y = outline.crossY;
   Line(dc.get(), x - kCloneCrossArm, y, x + kCloneCrossArm + 1, y);

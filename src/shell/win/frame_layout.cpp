@@ -7,12 +7,12 @@
 namespace {
 
 // An empty rectangle hides the window.
-void Place(HWND window, const WindowRect& r) {
-  if (r.width <= 0 || r.height <= 0) {
+void Place(HWND window, const Rect& r) {
+  if (r.Empty()) {
     ShowWindow(window, SW_HIDE);
     return;
   }
-  MoveWindow(window, r.x, r.y, r.width, r.height, TRUE);
+  MoveWindow(window, r.left, r.top, r.Width(), r.Height(), TRUE);
   ShowWindow(window, SW_SHOWNA);
 }
 

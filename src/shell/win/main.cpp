@@ -95,11 +95,11 @@ void ReadScreenFacts() {
 
 // The saved place, brought onto the screen, with the title "Tesel".
 HWND CreateFrame(int show, std::vector<std::string>* files) {
-  const WindowRect place =
+  const Rect place =
       ClampFramePlacement(settings.framePosition, settings.frameSize, screenWidth, screenHeight);
   HWND frame = CreateWindowExW(0, kFrameClass, platform::Widen(kProductName).c_str(),
-                               WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, place.x, place.y, place.width,
-                               place.height, nullptr, menuInit, win32::ProgramInstance(), files);
+                               WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, place.left, place.top,
+                               place.Width(), place.Height(), nullptr, menuInit, win32::ProgramInstance(), files);
   if (frame) ShowWindow(frame, settings.maximized ? SW_SHOWMAXIMIZED : show);
   return frame;
 }
