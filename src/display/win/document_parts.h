@@ -10,8 +10,5 @@ constexpr wchar_t kViewClass[] = L"CanvWndDispClass";
 constexpr wchar_t kHorizontalRulerClass[] = L"hGageClass";
 constexpr wchar_t kVerticalRulerClass[] = L"vGageClass";
 
-// What the shell gave RegisterDocumentClasses.
-extern DocumentWindowHandlers documentHandlers;
-
 bool RegisterViewClasses();
 bool RegisterRulerClasses();

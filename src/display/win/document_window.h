@@ -1,41 +1,41 @@
-// The windows of an open picture: the MDI child `CanvClass` that owns the
-// Canvas, its view frame `CanvWndClass` with the scroll bars, the view
+// The views inside the MDI child of one picture (`CanvClass`, whose window
+// procedure is the shell's, since the shell owns the record's life): its
+// view frame `CanvWndClass` with the scroll bars, the view
 // `CanvWndDispClass` inside it, and the two rulers.
 #pragma once
 
 #include <windows.h>
 
-#include <cstdint>
-
 #include "display/view_windows.h"
 #include "document/canvas.h"
-
-// What happens to a document's record lives above this level; the shell
-// supplies it when it registers the classes.
-struct DocumentWindowHandlers {
-  // WM_CREATE: the record made from the pending request, null to fail.
-  Canvas* (*open)(HWND documentWnd);
-  // WM_CLOSE: 0 keeps the window.
-  int (*queryClose)(Canvas* canvas);
-  // WM_DESTROY: the record goes; the window's word is cleared after.
-  void (*close)(Canvas* canvas);
-  // WM_MDIACTIVATE, for the window that gains or loses activation.
-  void (*activate)(Canvas* canvas, bool active);
-  // WM_COMMAND reaching the document.
-  void (*command)(Canvas* canvas, int id, intptr_t lParam);
-  // WM_KEYDOWN in the document.
-  void (*keyDown)(Canvas* canvas, int key, bool shift);
-  // The tool in use, which decides where a press on the view goes.
-  int (*currentTool)();
-};
 
 constexpr wchar_t kDocumentClass[] = L"CanvClass";
 constexpr int kViewFrameId = 9;
 constexpr int kHorizontalRulerId = 19;
 constexpr int kVerticalRulerId = 20;
 
-// Registers the five classes; false if one can't be registered.
-bool RegisterDocumentClasses(const DocumentWindowHandlers& handlers);
+// Registers the view frame, the view and the rulers; false if one can't be.
+bool RegisterDocumentViewClasses();
+
+// The record a document window holds in its word from WM_CREATE (before
+// its views are made, which look for it) to WM_DESTROY; null clears it.
+void SetCanvasOfDocument(HWND documentWnd, Canvas* canvas);
+
+// WM_CREATE of a document window holding its new record: the view frame and
+// the rulers are made, and the window fits itself to the picture once the
+// MDI client has shown it. False when a part can't be made.
+bool CreateDocumentViews(HWND documentWnd, Canvas* canvas);
+
+// WM_SIZE: the view frame stands inside the margins, where the rulers are not.
+void PlaceDocumentViews(HWND documentWnd, int width, int height);
+
+// WM_MDIACTIVATE: the active document's view and rulers are those that
+// portable code addresses by role, and the zoom read-out is its; the
+// read-out goes blank when no document follows.
+void ShowDocumentActive(Canvas* canvas, bool active, bool anotherFollows);
+
+// WM_DESTROY, before the record goes: nothing refers to its views any more.
+void ReleaseDocumentViews(const Canvas* canvas);
 
 // The record of a document window, or null (not a document, or closing).
 Canvas* CanvasOfDocument(HWND documentWnd);

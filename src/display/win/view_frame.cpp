@@ -6,6 +6,7 @@
 #include <windows.h>
 #include <windowsx.h>
 
+#include "base/current_tool.h"
 #include "display/pointer_routing.h"
 #include "display/view_layout.h"
 #include "display/view_paint.h"
@@ -75,7 +76,7 @@ LRESULT CALLBACK ViewFrameProc(HWND frame, UINT message, WPARAM wParam, LPARAM l
 // the screen the press happened.
 PointerPress PressOf(WPARAM keys) {
   const DWORD at = GetMessagePos();
-  return {documentHandlers.currentTool(), (keys & MK_SHIFT) != 0, (keys & MK_CONTROL) != 0,
+  return {currentTool, (keys & MK_SHIFT) != 0, (keys & MK_CONTROL) != 0,
           GetKeyState(VK_SPACE) < 0, GET_X_LPARAM(at), GET_Y_LPARAM(at)};
 }
 

@@ -10,6 +10,7 @@
 #include "shell/key_polling.h"
 #include "shell/win/frame_input.h"
 #include "shell/win/frame_menus.h"
+#include "shell/win/document_window.h"
 #include "shell/win/key_poll_timer.h"
 #include "shell/win/shell_globals.h"
 #include "shell/win/shell_windows_win.h"

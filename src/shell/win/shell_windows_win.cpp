@@ -2,17 +2,11 @@
 // the windows, and what the document windows ask of it.
 #include "shell/win/shell_windows_win.h"
 
-#include "document/canvas_manager.h"
 #include "display/win/document_window.h"
 #include "platform/win32/win32_platform.h"
 #include "platform/win32/win32_windows.h"
-#include "shell/command_routing.h"
-#include "shell/documents.h"
 #include "shell/frame_geometry.h"
-#include "shell/input_rules.h"
-#include "shell/menu_state.h"
 #include "shell/shell_windows.h"
-#include "shell/tool_change.h"
 #include "shell/win/dialogs.h"
 #include "shell/win/frame_menus.h"
 #include "shell/win/shell_globals.h"
@@ -85,19 +79,6 @@ void RightClickAtPointer() {
   SendMessageW(under, WM_RBUTTONDOWN, keys, MAKELPARAM(at.x, at.y));
 }
 
-// The document windows' side.
-Canvas* OpenDocumentWindow(HWND document) { return OpenDocument(document); }
-
-void CloseDocumentWindow(Canvas* canvas) {
-  CloseDocument(canvas);
-  if (OpenDocumentCount() == 0) SetMainMenu(MainMenu::Init);
-}
-
-void ActivateDocumentWindow(Canvas* canvas, bool active) {
-  ActivateDocument(canvas, active);
-  if (active) SetMainMenu(MainMenuFor(OpenDocumentCount()));
-}
-
 }  // namespace
 
 void ConnectShellWindows() {
@@ -128,16 +109,4 @@ void ConnectShellWindows() {
   w.moveDocument = MoveDocument;
   w.toolButtonsChanged = [](int, int) { InvalidateRect(toolBar, nullptr, TRUE); };
   w.rightClickAtPointer = RightClickAtPointer;
-}
-
-bool RegisterDocumentWindows() {
-  DocumentWindowHandlers handlers{};
-  handlers.open = OpenDocumentWindow;
-  handlers.queryClose = QueryCloseDocument;
-  handlers.close = CloseDocumentWindow;
-  handlers.activate = ActivateDocumentWindow;
-  handlers.command = [](Canvas* canvas, int id, intptr_t lParam) { CanvasCommand(canvas, id, lParam); };
-  handlers.keyDown = DocumentKeyDown;
-  handlers.currentTool = [] { return currentTool; };
-  return RegisterDocumentClasses(handlers);
 }

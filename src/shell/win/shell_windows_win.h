@@ -3,5 +3,3 @@
 
 // Fills shellWindows with what the frame's windows do.
 void ConnectShellWindows();
-// Registers the document windows' classes with the shell's handlers.
-bool RegisterDocumentWindows();
