@@ -2,7 +2,6 @@
 
 #include "paint/control/dot_tiles.h"
 #include "paint/modes/place_dab.h"
-#include "paint/stroke/dab_count.h"
 #include "paint/stroke/stroke_engine.h"
 #include "paint/stroke/stroke_outline.h"
 #include "paint/stroke/stroke_pressure.h"
@@ -18,6 +17,4 @@ void ResetPaint() {
   strokeWindows = {};
   penOutline = {};
   tabletLink = {};
-  dabCount = 0;
-  dotTilePage = 0;
 }

@@ -69,7 +69,7 @@ TEST_F(ColorModeTest, PatternIsAnchoredToTheCanvasOrMovesAsATip) {
   pen.patternActive = 1;
   penSources.toneRow = StripeTone;
   for (int asTip : {0, 1}) {
-    patternIsTip = asTip;
+    tipState.patternIsTip = asTip;
     const int y = 7, x0 = -3, x1 = 12, boxTop = 5;
     KernelRows rows = Fetch(y, x0, x1, x0, boxTop, x1, 11);
     const int py = asTip ? (y - boxTop) % 3 : y % 3;

@@ -159,7 +159,7 @@ TEST_F(ProtectionTest, ColourMaskKeepsPaintToColoursNearTheKey) {
   // The map stays for the stroke, made at its first dab only.
   currentTool = cmd::kFreeHandConnect;
   Randomise(image);
-  dabCount = 3;
+  tipState.dabCount = 3;
   expectKeyed(Fetch(5, 0, kWidth - 1, 0, 0, 15, 11), 5, white);
   FreeColorMaskMap();
   expectKeyed(Fetch(5, 0, kWidth - 1, 0, 0, 15, 11), 5, [](int) { return true; });
@@ -167,7 +167,7 @@ TEST_F(ProtectionTest, ColourMaskKeepsPaintToColoursNearTheKey) {
   // StartPosition keys on the middle of the first dab's box.
   colorMask.choice = 1;
   colorMask.vagueness = 0;
-  dabCount = 0;
+  tipState.dabCount = 0;
   im = Snap(image);
   expectKeyed(Fetch(2, 0, kWidth - 1, 4, 2, 9, 7), 2, [&](int x) {  // centre (6, 4)
     for (int c = 0; c < 3; ++c)

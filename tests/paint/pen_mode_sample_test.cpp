@@ -127,7 +127,7 @@ TEST_F(SampleModeTest, GrabbingModesDropWhatTheLastDabGrabbed) {
   for (uint32_t mode : {kModeRub, kModeClockwise, kModeCounterclockwise}) {
     SCOPED_TRACE(testing::Message() << "mode " << mode);
     pen.mode = mode;
-    dabCount = 0;
+    tipState.dabCount = 0;
     std::vector<std::array<uint8_t, 4>> grabbed;
     std::vector<bool> refused;
     for (int r = 0; r < height; ++r) {
@@ -136,7 +136,7 @@ TEST_F(SampleModeTest, GrabbingModesDropWhatTheLastDabGrabbed) {
       for (int c = 0; c < width; ++c)
         refused.push_back(!PenPixel(1 + c, 2 + r, grabbed.emplace_back().data()));
     }
-    dabCount = 1;
+    tipState.dabCount = 1;
     // Rounds half away from zero.
     auto round = [](double v) { return int(v > 0 ? v + 0.5 : v - 0.5); };
     const double angle = (mode == kModeClockwise ? 20 : -20) * 0.017453292519943295;
@@ -158,7 +158,7 @@ TEST_F(SampleModeTest, GrabbingModesDropWhatTheLastDabGrabbed) {
   // Nothing is grabbed or dropped past the largest box: 291 wide.
   pen.mode = kModeRub;
   for (int count : {0, 1}) {
-    dabCount = count;
+    tipState.dabCount = count;
     EXPECT_EQ(std::vector<uint8_t>(6, 255), Fetch(3, 0, 5, 0, 0, 290, 3).protect);
   }
 }

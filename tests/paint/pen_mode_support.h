@@ -18,7 +18,6 @@
 #include "document/canvas.h"
 #include "paint/modes/pen_modes.h"
 #include "paint/modes/place_dab.h"
-#include "paint/stroke/dab_count.h"
 #include "paint/tip/pen_record.h"
 #include "platform/headless/headless.h"
 #include "store/plane_store.h"

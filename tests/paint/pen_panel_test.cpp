@@ -51,10 +51,10 @@ class PenPanelTest : public PenTest {
     StrokeEngine.Reset();
     penSizes.Clear();
     penSizes.column[0][0] = penSizes.column[1][0] = 1;
-    dotTilePage = 0;
+    tipState.dotTilePage = 0;
   }
   void TearDown() override {
-    PlaneStore.FreePlane(&dotTip);
+    PlaneStore.FreePlane(&tipState.dotTip);
     PenTest::TearDown();
   }
   // A pen picture in family `family`: a white picture with one dark pixel.
@@ -153,8 +153,8 @@ TEST_F(PenPanelTest, SizePopupListsPicksAndAdds) {
   EXPECT_EQ("Width and height must each be from 1 to 255.", headless::Recorded().boxes[5].text);
 
   // While the dot tip paints, the size is the dot tip's.
-  dotTip = Raster8(3, 2, Bytes(6, 9));
-  dotTipActive = 1;
+  tipState.dotTip = Raster8(3, 2, Bytes(6, 9));
+  tipState.dotTipActive = 1;
   EXPECT_EQ("3 x 2", CurrentPenSizeLabel());
 }
 
@@ -174,10 +174,10 @@ TEST_F(PenPanelTest, PreviewShadesTheTipOnGreyAndShrinksLargeTips) {
                                0, 0, 0, 30, 0});
   EXPECT_EQ(Grey(TipPreview(2, 2)), (Bytes{247, 135, g, g}));
   // The dot tip while it is in use.
-  dotTip = Raster8(1, 1, {20});
-  dotTipActive = 1;
+  tipState.dotTip = Raster8(1, 1, {20});
+  tipState.dotTipActive = 1;
   EXPECT_EQ(Grey(TipPreview(1, 1)), Bytes{175});
-  dotTipActive = 0;
+  tipState.dotTipActive = 0;
   EXPECT_EQ(Grey(TipPreview(1, 1)), Bytes{135});
 }
 
@@ -211,8 +211,8 @@ TEST_F(PenPanelTest, DotTilesPageThroughTheFamilyAndWrapFolders) {
 
   // Opening the panel with no dot tip loads the file in use.
   OpenOptionPanel(OptionPanel::Dot);
-  EXPECT_EQ(1, dotTipActive);
-  EXPECT_EQ((Raster{1, 1, {255}}), Read(dotTip));
+  EXPECT_EQ(1, tipState.dotTipActive);
+  EXPECT_EQ((Raster{1, 1, {255}}), Read(tipState.dotTip));
   EXPECT_EQ(2, DotPageCount());
   EXPECT_EQ(std::make_tuple(DotTileFile(14), DotTileFile(15), DotTileFile(-1)),
             std::make_tuple(14, -1, -1));
@@ -224,14 +224,14 @@ TEST_F(PenPanelTest, DotTilesPageThroughTheFamilyAndWrapFolders) {
   EXPECT_EQ(16, PenDataList.fileInUse);
   EXPECT_EQ(0, NextDotPage());
   OpenOptionPanel(OptionPanel::Dot);  // back on the page of the file in use
-  EXPECT_EQ(1, dotTilePage);
+  EXPECT_EQ(1, tipState.dotTilePage);
 
   // The next family starts at its first file: "bad.bmp" can't be read and
   // gives a blank tip. The one after wraps to the first family.
   ASSERT_EQ(1, NextDotFolder());
-  EXPECT_EQ(std::make_tuple(PenDataList.folderInUse, PenDataList.fileInUse, dotTilePage),
+  EXPECT_EQ(std::make_tuple(PenDataList.folderInUse, PenDataList.fileInUse, tipState.dotTilePage),
             std::make_tuple(1, 0, 0));
-  EXPECT_EQ((Raster{1, 1, {0}}), Read(dotTip));
+  EXPECT_EQ((Raster{1, 1, {0}}), Read(tipState.dotTip));
   ASSERT_EQ(1, NextDotFolder());
   EXPECT_EQ(0, PenDataList.folderInUse);
   EXPECT_EQ(0, ChooseDotFolder(2));
@@ -272,7 +272,7 @@ TEST_F(PenPanelTest, PanelMessagesAndStoredPensRepaintThePage) {
   // panel comes up while it is the one in use.
   EXPECT_EQ(OptionPanel::Brush, OptionAreaPanel(20005, true));
   EXPECT_EQ(OptionPanel::Brush, OptionAreaPanel(20007, false));
-  dotPenPanel = 1;
+  tipState.dotPenPanel = 1;
   EXPECT_EQ(OptionPanel::Dot, OptionAreaPanel(20005, false));
 
   ASSERT_EQ(1, SavePen(scratch.Prefix(), 2));

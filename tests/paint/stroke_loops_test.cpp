@@ -32,7 +32,7 @@ TEST_F(StrokeLoopTest, ConnectedStrokeJoinsThePixelsThePointerReaches) {
     AcceptSpaced(points, 1.0, false, expected);
   }
   EXPECT_EQ(recordedDabs, expected);
-  EXPECT_EQ(dabCount, 6 + offered);
+  EXPECT_EQ(tipState.dabCount, 6 + offered);
   // One rectangle record of the stroke's box.
   EXPECT_EQ(UndoHistory.entries[0].kind, kUndoRect);
   EXPECT_EQ(UndoBox(), DabsBox(expected, 4));
@@ -66,7 +66,7 @@ TEST_F(StrokeLoopTest, FreehandPaintsEveryPassAtTheWholePixelWithRowCachesWide) 
   Press(5, 5, kLeft);
   Then({{5, 5, kLeft}, {5, 5, kLeft}, {9, 7, kLeft}});
   EXPECT_EQ(RunFreehandStroke(canvas, 0, 0, 0), 1);
-  EXPECT_EQ(dabCount, 3);
+  EXPECT_EQ(tipState.dabCount, 3);
   // A full tip pixel over an opaque pixel leaves the pen's colour exactly.
   int wrong = 0;
   for (int y = 0; y < 32; ++y)
@@ -91,13 +91,13 @@ TEST_F(StrokeLoopTest, ShiftGivesOneDabAndQualityPausesOnlyConnectedPasses) {
   RecordingPen(4);
   for (int connecting : {1, 0}) {
     recordedDabs.clear();
-    dabCount = 0;
+    tipState.dabCount = 0;
     PenBlender.connected = connecting;
     Press(10, 12, {platform::VkLeftButton, platform::VkShift});
     Then({{10, 12, kLeft}, {30, 40, kLeft}, {50, 20, kLeft}});
     connecting ? RunConnectedStroke(canvas, 0, 0, 0) : RunFreehandStroke(canvas, 0, 0, 0);
     EXPECT_EQ(recordedDabs, (std::vector<Dab>{{10, 12}}));
-    EXPECT_EQ(dabCount, 1);
+    EXPECT_EQ(tipState.dabCount, 1);
     headless::Recorded().pointerScript.clear();
   }
   for (int quality : {1, 2, 0}) {
@@ -131,14 +131,14 @@ TEST_F(StrokeLoopTest, SegmentWalksInTenthsAndPlacesSpacedDabs) {
   };
   for (const Case& c : cases) {
     recordedDabs.clear();
-    dabCount = 0;
+    tipState.dabCount = 0;
     int first = 1;
     DrawPenSegment(canvas, c.x0, c.y0, c.x1, c.y1, c.exactEnd, 0, nullptr, 0, spacing, first);
     const std::vector<Dab> offered = OfferedPoints(c.x0, c.y0, c.x1, c.y1, c.exactEnd);
     std::vector<Dab> expected;
     AcceptSpaced(offered, spacing, true, expected);
     EXPECT_EQ(recordedDabs, expected);
-    EXPECT_EQ(std::make_pair(dabCount, first), std::make_pair(int(offered.size()), 0));
+    EXPECT_EQ(std::make_pair(tipState.dabCount, first), std::make_pair(int(offered.size()), 0));
   }
   // The short walk reaches past its end minus one step: nothing held back.
   EXPECT_GT(OfferedPoints(60.0, 60.0, 60.9, 61.2, false).back().y, 61.05);
@@ -158,7 +158,7 @@ TEST_F(StrokeLoopTest, SegmentReportsTheUnionAndPlacesNothingForNoLength) {
   PenBlender.lastDabX = PenBlender.lastDabY = 0;
   EXPECT_EQ(segment(20.5, 20.5, 20.5, 20.5), (std::vector<int>{999999, 999999, 0, 0}));
   EXPECT_TRUE(recordedDabs.empty());
-  EXPECT_EQ(dabCount, 0);
+  EXPECT_EQ(tipState.dabCount, 0);
   first = 1;
   const std::vector<int> union_ = segment(12.3, 30.6, 40.8, 22.1);
   std::vector<Dab> expected;

@@ -99,7 +99,7 @@ TEST_F(RightButtonTest, UndoPenPaintsTheSnapshotOfTheLastLeftStrokeBack) {
   // Q counts as the right button; choosing an action drops the snapshot.
   Then({{5, 5, {'Q'}}, {5, 5, {'Q'}}});
   RunFreehandStroke(canvas, 0, 0, 1);
-  EXPECT_EQ(dabCount, 2);
+  EXPECT_EQ(tipState.dabCount, 2);
   ChooseRightClickAction(kRightClickDropper);
   EXPECT_EQ(undoPenImage, nullptr);
   EXPECT_EQ(RunConnectedStroke(canvas, 0, 0, 1), 0);
@@ -110,11 +110,11 @@ TEST_F(RightButtonTest, CloneSourceIsTheDragWithShiftAndPenToolsChooseTheirLoop)
   InstallStrokeEngine();
   pen.mode = kModeClone;
   // Without a source the pen says so and no stroke starts.
-  dabCount = 99;
+  tipState.dabCount = 99;
   LeftButtonDown(canvas, {cmd::kFreeHandConnect, 0, 0, 0});
   ASSERT_EQ(headless::Recorded().boxes.size(), 1u);
   EXPECT_EQ(headless::Recorded().boxes[0].text, StringText(1411));
-  EXPECT_EQ(dabCount, 99);
+  EXPECT_EQ(tipState.dabCount, 99);
 
   canvas->zoomStep = 2;
   std::vector<std::vector<int>> lines;

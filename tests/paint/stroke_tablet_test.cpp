@@ -149,7 +149,7 @@ TEST_F(TabletTest, ReplayFadesAndSmoothsTheRecordedSamples) {
     AcceptSpaced(points, 1.0, i == 0, expected);
   }
   EXPECT_EQ(recordedDabs, expected);
-  EXPECT_EQ(dabCount, offered + 8);  // each step of the walker, and each segment
+  EXPECT_EQ(tipState.dabCount, offered + 8);  // each step of the walker, and each segment
   EXPECT_EQ(UndoHistory.entries[0].kind, kUndoRect);
   EXPECT_LE(UndoHistory.entries[0].left, 8);
   EXPECT_GE(UndoHistory.entries[0].bottom, 41);

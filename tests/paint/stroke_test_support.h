@@ -19,7 +19,6 @@
 #include "document/undo_history.h"
 #include "paint/modes/pen_modes.h"
 #include "paint/modes/place_dab.h"
-#include "paint/stroke/dab_count.h"
 #include "paint/stroke/stroke_engine.h"
 #include "paint/stroke/stroke_outline.h"
 #include "paint/stroke/stroke_pressure.h"

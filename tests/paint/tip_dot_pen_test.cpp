@@ -82,7 +82,7 @@ TEST_F(DotPenTest, FoldersAndFilesAreListedInByteOrderUpToTheirLimits) {
   ASSERT_EQ(2, PenDataList.fileCount);
   ASSERT_EQ(1, PenDataList.PickDotPen(1));
   EXPECT_EQ(1, PenDataList.fileInUse);
-  EXPECT_EQ((Raster{1, 1, {255}}), Read(dotTip));
+  EXPECT_EQ((Raster{1, 1, {255}}), Read(tipState.dotTip));
   EXPECT_EQ(0, PenDataList.PickDotPen(2));
   EXPECT_EQ("", PenDataList.FilePath(2));
   PenDataList.NextFolder();
@@ -109,7 +109,7 @@ TEST_F(DotPenTest, ShippedFamiliesGiveInkedTips) {
     EXPECT_GE(PenDataList.fileCount, 3) << family;
     for (int i = 0; i < PenDataList.fileCount; ++i) {
       ASSERT_EQ(1, PenDataList.PickDotPen(i));
-      Raster tip = Read(dotTip);
+      Raster tip = Read(tipState.dotTip);
       EXPECT_GT(tip.width * tip.height, 4) << PenDataList.files[i];
       EXPECT_GT(*std::max_element(tip.bytes.begin(), tip.bytes.end()), 100) << PenDataList.files[i];
     }

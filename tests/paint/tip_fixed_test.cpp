@@ -67,9 +67,9 @@ TEST_F(FixedTipTest, FetchTakesStampThenDotTipThenTheGeneratedTip) {
   EXPECT_EQ(std::make_pair(255, 0), std::make_pair(int(low[0]), int(low[7])));
 
   // The dot tip: its rows, low bytes 0.
-  dotTip = filled(3, 5, 8);
-  for (int y = 0; y < 5; ++y) PlaneStore.WritePixel8(dotTip, 1, y, 10 + y);
-  dotTipActive = 1;
+  tipState.dotTip = filled(3, 5, 8);
+  for (int y = 0; y < 5; ++y) PlaneStore.WritePixel8(tipState.dotTip, 1, y, 10 + y);
+  tipState.dotTipActive = 1;
   EXPECT_EQ(std::make_tuple(3, 5, 3.0), fetch());
   EXPECT_EQ(std::make_pair(0, 14), std::make_pair(int(high[0]), int(high[13])));
   EXPECT_TRUE(std::all_of(low, low + 15, [](uint8_t v) { return v == 0; }));
@@ -77,7 +77,7 @@ TEST_F(FixedTipTest, FetchTakesStampThenDotTipThenTheGeneratedTip) {
   // The stamp, in pen mode Color only: full strength over the pattern.
   pen.patternImage = filled(9, 4, 24);
   pen.patternActive = 1;
-  patternIsTip = 1;
+  tipState.patternIsTip = 1;
   EXPECT_EQ(std::make_tuple(9, 4, 4.0), fetch());
   EXPECT_TRUE(std::all_of(high, high + 36, [](uint8_t v) { return v == 255; }));
   EXPECT_TRUE(std::all_of(low, low + 36, [](uint8_t v) { return v == 255; }));
@@ -86,7 +86,7 @@ TEST_F(FixedTipTest, FetchTakesStampThenDotTipThenTheGeneratedTip) {
   EXPECT_EQ(std::make_tuple(3, 5, 3.0), fetch());
 
   // Back to the generated tip; an animated one is rebuilt for each dab.
-  dotTipActive = 0;
+  tipState.dotTipActive = 0;
   Build(6, 8, 8);
   std::srand(5);
   fetch();

@@ -44,7 +44,7 @@ class PanelTest : public PenTest {
   static auto Radii() { return std::make_pair(pen.radiusX, pen.radiusY); }
   static auto TipSize() { return std::make_pair(pen.tipHigh->width, pen.tipHigh->height); }
   static void SetPen() {
-    dotPenPanel = 0;
+    tipState.dotPenPanel = 0;
     pen.tipShape = 13, pen.colorThickness = 200, pen.density = 17;
     pen.radiusX = 3.25, pen.radiusY = 0.5;
     PenDataList.folderInUse = 2, PenDataList.fileInUse = 7;
@@ -55,14 +55,14 @@ TEST_F(PanelTest, PanelChoiceShapeButtonsAndDragSizing) {
   EXPECT_EQ(OptionPanel::Brush, ChooseOptionPanel(20005, false));
   EXPECT_EQ(OptionPanel::Text, ChooseOptionPanel(20005, true));
   EXPECT_EQ(OptionPanel::Range, ChooseOptionPanel(20007, true));
-  dotPenPanel = 1;
+  tipState.dotPenPanel = 1;
   EXPECT_EQ(OptionPanel::Dot, ChooseOptionPanel(20000, false));
   OpenOptionPanel(OptionPanel::Text);
-  EXPECT_EQ(1, dotTipActive);
+  EXPECT_EQ(1, tipState.dotTipActive);
   EXPECT_EQ(OptionPanel::Brush, SwitchTipPanel(OptionPanel::Dot));
-  EXPECT_EQ(std::make_pair(dotPenPanel, dotTipActive), std::make_pair(0, 0));
+  EXPECT_EQ(std::make_pair(tipState.dotPenPanel, tipState.dotTipActive), std::make_pair(0, 0));
   EXPECT_EQ(OptionPanel::Dot, SwitchTipPanel(OptionPanel::Brush));
-  EXPECT_EQ(std::make_pair(dotPenPanel, dotTipActive), std::make_pair(1, 1));
+  EXPECT_EQ(std::make_pair(tipState.dotPenPanel, tipState.dotTipActive), std::make_pair(1, 1));
 
   pen.radiusX = pen.radiusY = 2;
   EXPECT_EQ(1, PickTipShape(10));
@@ -148,11 +148,11 @@ TEST_F(PanelTest, StoredPenFileHoldsTheTipAndStrengthsOnly) {
   EXPECT_EQ(expected, Bytes(std::istreambuf_iterator<char>(in), {}));
 
   pen.tipShape = 2, pen.colorThickness = pen.density = 255, pen.radiusX = pen.radiusY = 40;
-  pen.red = 99, dotTipActive = 1;
+  pen.red = 99, tipState.dotTipActive = 1;
   ASSERT_EQ(1, LoadPen(scratch.Prefix(), 4));
   // Colour and mode are not stored; the brush panel is back, the tip rebuilt.
   EXPECT_EQ(std::make_tuple(pen.tipShape, pen.colorThickness, pen.density, pen.radiusX, pen.radiusY,
-                            pen.red, pen.mode, dotTipActive),
+                            pen.red, pen.mode, tipState.dotTipActive),
             std::make_tuple(13, 200u, 17u, 3.25, 0.5, 99u, 6u, 0));
   EXPECT_EQ(TipSize(), std::make_pair(8, 2));
 
@@ -171,13 +171,13 @@ TEST_F(PanelTest, StoredPenFileHoldsTheTipAndStrengthsOnly) {
   PlaneStore.FreePlane(&picture);
   PenDataList.Read(scratch.Prefix());
   PenDataList.PickDotPen(0);
-  dotPenPanel = 1;
+  tipState.dotPenPanel = 1;
   ASSERT_EQ(1, SavePen(scratch.Prefix(), 1));
-  PlaneStore.FreePlane(&dotTip);
-  dotPenPanel = 0;
+  PlaneStore.FreePlane(&tipState.dotTip);
+  tipState.dotPenPanel = 0;
   ASSERT_EQ(1, LoadPen(scratch.Prefix(), 1));
-  EXPECT_EQ(std::make_pair(dotPenPanel, dotTipActive), std::make_pair(1, 1));
-  EXPECT_EQ((Raster{3, 2, Bytes(6, 255)}), Read(dotTip));
+  EXPECT_EQ(std::make_pair(tipState.dotPenPanel, tipState.dotTipActive), std::make_pair(1, 1));
+  EXPECT_EQ((Raster{3, 2, Bytes(6, 255)}), Read(tipState.dotTip));
 }
 
 TEST_F(PanelTest, BadStoredPenFilesAndSlotsLeaveThePenAlone) {
@@ -207,11 +207,11 @@ TEST_F(PanelTest, PatternAsksWhetherToBeATip) {
   auto image = [](int w, int h) { return PlaneStore.CreatePlane(w, h, 24, 255, 1, Physical); };
   headless::Recorded().boxAnswers = {platform::IdYes};
   ASSERT_EQ(1, SetPenPattern("a/b.PNG", image(299, 300), nullptr));
-  EXPECT_EQ(std::make_pair(pen.patternActive, patternIsTip), std::make_pair(1u, 1));
+  EXPECT_EQ(std::make_pair(pen.patternActive, tipState.patternIsTip), std::make_pair(1u, 1));
   EXPECT_EQ(BoxTexts(), std::vector<std::string>{"Use this image as tip of pen?"});
   // Too large to be a tip, or of a kind that is never one: no question.
   ASSERT_EQ(1, SetPenPattern("big.tsl", image(300, 300), nullptr));
-  EXPECT_EQ(0, patternIsTip);
+  EXPECT_EQ(0, tipState.patternIsTip);
   ASSERT_EQ(1, SetPenPattern("p.jpg", image(4, 4), nullptr));
   ASSERT_EQ(1, SetPenPattern("p.bmp", image(4, 4), nullptr));  // a bmp without its mask
   EXPECT_EQ(1u, headless::Recorded().boxes.size());
@@ -222,7 +222,7 @@ TEST_F(PanelTest, PatternAsksWhetherToBeATip) {
   headless::Recorded().boxAnswers = {platform::IdNo};
   ASSERT_EQ(1, SetPenPattern((scratch.path / "m.bmp").string(), image(4, 4),
                              PlaneStore.CreatePlane(4, 4, 8, 0, 1, Physical)));
-  EXPECT_EQ(std::make_pair(headless::Recorded().boxes.size(), patternIsTip),
+  EXPECT_EQ(std::make_pair(headless::Recorded().boxes.size(), tipState.patternIsTip),
             std::make_pair(size_t{2}, 0));
   EXPECT_EQ((Raster{4, 4, Bytes(16, 60)}), Read(pen.patternAlpha));
   // No picture: the pattern stays.
@@ -238,7 +238,7 @@ TEST_F(PanelTest, TextTipIsTheRenderedTextInvertedAndCut) {
   PlaneStore.WritePixel8(rendered, 0, 1, 40);
   PlaneStore.WritePixel8(rendered, 256, 0, 0);  // beyond the cut
   ASSERT_EQ(1, SetTextTip(rendered));
-  Raster tip = Read(dotTip);
+  Raster tip = Read(tipState.dotTip);
   EXPECT_EQ(std::make_tuple(tip.width, tip.height, tip.at(0, 1)), std::make_tuple(256, 2, 215));
   EXPECT_EQ(0, *std::max_element(tip.bytes.begin() + 1, tip.bytes.begin() + 256));
   PlaneStore.FreePlane(&rendered);

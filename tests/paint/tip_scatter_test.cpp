@@ -80,7 +80,7 @@ Tip Lines(Tip t, bool spokes, int64_t peak) {
 uint8_t grid[256][256];
 
 Tip Life(Tip t) {
-  if (dabCount == 0)
+  if (tipState.dabCount == 0)
     for (int y = 0; y < t.h; ++y)
       for (int x = 0; x < t.w; ++x) grid[y][x] = (std::rand() & 255) < 101 ? 0 : 100;
   for (int y = 0; y < t.h; ++y)
@@ -148,7 +148,7 @@ TEST_F(ScatterTipTest, LifeRunsFromItsSeedAcrossDabs) {
   for (Step step : steps) {
     // A negative count goes on with the cells as they are, without a seed.
     const int first = step.dabs < 0 ? 1 : 0, last = step.dabs < 0 ? -step.dabs : step.dabs - 1;
-    for (dabCount = first; dabCount <= last; ++dabCount) Check(7, step.rx, step.ry, Life);
+    for (tipState.dabCount = first; tipState.dabCount <= last; ++tipState.dabCount) Check(7, step.rx, step.ry, Life);
   }
 }
 

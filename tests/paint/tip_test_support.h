@@ -10,7 +10,6 @@
 #include <string>
 #include <vector>
 
-#include "paint/stroke/dab_count.h"
 #include "paint/tip/pen_data_list.h"
 #include "paint/tip/pen_record.h"
 #include "paint/tip/tip.h"

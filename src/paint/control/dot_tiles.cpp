@@ -7,14 +7,12 @@
 #include "paint/tip/pen_record.h"
 #include "store/dib.h"
 
-int32_t dotTilePage = 0;
-
 namespace {
 
 constexpr uint8_t kUnreadableGrey = 0x80;
 
 int ShowFirstFile() {
-  dotTilePage = 0;
+  tipState.dotTilePage = 0;
   if (PenDataList.fileCount) PenDataList.PickDotPen(0);
   return 1;
 }
@@ -22,19 +20,19 @@ int ShowFirstFile() {
 }  // namespace
 
 void OpenDotTiles() {
-  if (!dotTip) PenDataList.PickDotPen(PenDataList.fileInUse);
-  dotTilePage = PenDataList.fileInUse / kDotTilesPerPage;
+  if (!tipState.dotTip) PenDataList.PickDotPen(PenDataList.fileInUse);
+  tipState.dotTilePage = PenDataList.fileInUse / kDotTilesPerPage;
 }
 
 int DotPageCount() {
   return std::max(1, (PenDataList.fileCount + kDotTilesPerPage - 1) / kDotTilesPerPage);
 }
 
-int NextDotPage() { return dotTilePage = (dotTilePage + 1) % DotPageCount(); }
+int NextDotPage() { return tipState.dotTilePage = (tipState.dotTilePage + 1) % DotPageCount(); }
 
 int DotTileFile(int tile) {
   if (tile < 0 || tile >= kDotTilesPerPage) return -1;
-  const int file = dotTilePage * kDotTilesPerPage + tile;
+  const int file = tipState.dotTilePage * kDotTilesPerPage + tile;
   return file < PenDataList.fileCount ? file : -1;
 }
 

@@ -9,9 +9,6 @@
 
 constexpr int kDotTilesPerPage = 15;
 
-// The page of the family's files that the tiles show.
-extern int32_t dotTilePage;
-
 // Opening the panel: the tiles show the page of the file in use, and with
 // no dot tip yet the file in use becomes it.
 void OpenDotTiles();

@@ -12,16 +12,16 @@ namespace {
 constexpr int kStringAdd = 26100;
 constexpr int kStringEdit = 26101;
 
-bool DotTipInUse() { return dotTipActive && dotTip; }
+bool DotTipInUse() { return tipState.dotTipActive && tipState.dotTip; }
 
 }  // namespace
 
 int CurrentPenWidth() {
-  return DotTipInUse() ? dotTip->width : int(2 * ClampTipRadius(pen.radiusX) + 1);
+  return DotTipInUse() ? tipState.dotTip->width : int(2 * ClampTipRadius(pen.radiusX) + 1);
 }
 
 int CurrentPenHeight() {
-  return DotTipInUse() ? dotTip->height : int(2 * ClampTipRadius(pen.radiusY) + 1);
+  return DotTipInUse() ? tipState.dotTip->height : int(2 * ClampTipRadius(pen.radiusY) + 1);
 }
 
 std::string CurrentPenSizeLabel() {

@@ -48,7 +48,7 @@ BoxFit FitInBox(int width, int height, int boxWidth, int boxHeight) {
 
 std::vector<uint8_t> TipPreview(int boxWidth, int boxHeight) {
   std::vector<uint8_t> bgr = Background(boxWidth, boxHeight);
-  DrawTip(dotTipActive && dotTip ? dotTip : pen.tipHigh, boxWidth, boxHeight, bgr);
+  DrawTip(tipState.dotTipActive && tipState.dotTip ? tipState.dotTip : pen.tipHigh, boxWidth, boxHeight, bgr);
   return bgr;
 }
 

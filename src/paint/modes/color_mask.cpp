@@ -7,7 +7,7 @@
 #include "document/canvas_slots.h"
 #include "paint/modes/pen_rows.h"
 #include "paint/modes/protection.h"
-#include "paint/stroke/dab_count.h"
+#include "paint/tip/pen_record.h"
 #include "pixel/mul_table.h"
 
 ColorMaskOptions colorMask;
@@ -81,7 +81,7 @@ bool ColorMaskActive() {
 
 void ApplyColorMask(Canvas* canvas, uint8_t* protectRow, int y, int x0, int x1, int centreX,
                     int centreY) {
-  if (!maskMap && dabCount == 0) MakeMap(canvas, centreX, centreY);
+  if (!maskMap && tipState.dabCount == 0) MakeMap(canvas, centreX, centreY);
   if (!maskMap || x1 - x0 + 1 > kPenRowPixels) return;
   // The map is read with canvas coordinates as they stand.
   std::memset(mapRow, 0, size_t(x1 - x0 + 1));

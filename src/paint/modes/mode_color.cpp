@@ -21,8 +21,8 @@ bool PatternActive() {
 // anchored to the canvas. Its alpha is the coverage, full without one.
 void PatternRow(const ModeRows& rows, const RowSpan& span, const Rect& box) {
   Plane* image = pen.patternImage;
-  const int ty = Wrap(patternIsTip ? span.y - box.top : span.y, image->height);
-  const int tx = patternIsTip ? 0 : Wrap(span.x0, image->width);
+  const int ty = Wrap(tipState.patternIsTip ? span.y - box.top : span.y, image->height);
+  const int tx = tipState.patternIsTip ? 0 : Wrap(span.x0, image->width);
   std::memset(rows.protect, 255, size_t(span.Count()));
   ReadTiled(image, ty, tx, span.Count(), rows.source);
   const Plane* alpha = pen.patternAlpha;

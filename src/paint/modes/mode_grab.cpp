@@ -8,7 +8,6 @@
 #include "paint/modes/mode_kernels.h"
 #include "paint/modes/pen_modes.h"
 #include "paint/modes/protection.h"
-#include "paint/stroke/dab_count.h"
 #include "paint/tip/pen_record.h"
 
 namespace {
@@ -77,7 +76,7 @@ int DropTurned(const ModeRows& rows, const RowSpan& span, const Rect& box, doubl
 int GrabKernel(Canvas* canvas, const ModeRows& rows, const RowSpan& span, const Rect& box) {
   // The grab buffers hold no larger box: such a tip paints nothing.
   if (box.Width() > kGrabSide || box.Height() > kGrabSide) return PaintNothing(rows, span);
-  if (dabCount % 2 == 0) return Grab(canvas, rows, span, box);
+  if (tipState.dabCount % 2 == 0) return Grab(canvas, rows, span, box);
   switch (pen.mode) {
     case kModeClockwise:
       return DropTurned(rows, span, box, 20.0);

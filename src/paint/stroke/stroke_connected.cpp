@@ -2,7 +2,6 @@
 #include <cmath>
 
 #include "paint/modes/place_dab.h"
-#include "paint/stroke/dab_count.h"
 #include "paint/stroke/stroke_engine.h"
 #include "paint/stroke/stroke_loop.h"
 #include "paint/stroke/stroke_loops.h"
@@ -59,7 +58,7 @@ int RunConnectedStroke(Canvas* canvas, int x, int y, int rightButton) {
     }
     box = Union(box, painted);
     RestorePen();
-    ++dabCount;
+    ++tipState.dabCount;
     first = 0;
     if (singleShot) break;
   }

@@ -117,7 +117,7 @@ void TakePattern(Canvas* canvas, int x0, int y0, int x1, int y1) {
   pen.patternImage = image;
   pen.patternAlpha = alpha;
   pen.patternActive = 1;
-  patternIsTip = 0;
+  tipState.patternIsTip = 0;
 }
 
 void PickArea(Canvas* canvas) {

@@ -4,7 +4,6 @@
 #include "paint/modes/pen_modes.h"
 #include "paint/modes/pen_rows.h"
 #include "paint/modes/place_dab.h"
-#include "paint/stroke/dab_count.h"
 #include "paint/stroke/stroke_loop.h"
 #include "paint/stroke/stroke_loops.h"
 #include "paint/stroke/stroke_outline.h"
@@ -38,7 +37,7 @@ int RunFreehandStroke(Canvas* canvas, int, int, int rightButton) {
     box = Union(box, dab);
     RestorePen();
     first = 0;
-    ++dabCount;
+    ++tipState.dabCount;
     if (singleShot) break;
   }
 

@@ -3,7 +3,6 @@
 #include "document/canvas_manager.h"
 #include "document/undo_history.h"
 #include "paint/modes/color_mask.h"
-#include "paint/stroke/dab_count.h"
 #include "paint/stroke/stroke_engine.h"
 #include "paint/stroke/stroke_outline.h"
 #include "paint/stroke/stroke_snapshot.h"
@@ -31,7 +30,7 @@ int BeginStroke(Canvas* canvas, int rightButton) {
   const int undoPen = StrokeEngine.rightClickAction == kRightClickUndoPen;
   if (rightButton && !undoPen) return 0;
   if (!rightButton && undoPen) TakeUndoPenSnapshot(canvas);
-  dabCount = 0;
+  tipState.dabCount = 0;
   // The pen's outline stays off the screen while the stroke paints; only
   // the Clone pen's loop brings it back, to show the source as it moves.
   HidePenOutline();

@@ -23,9 +23,9 @@ void Draw() {
 PenOutline PenOutlineAt(const Canvas* canvas, int x, int y) {
   PenOutline outline{};
   int width, height;
-  if (dotTipActive && dotTip) {
-    width = dotTip->width;
-    height = dotTip->height;
+  if (tipState.dotTipActive && tipState.dotTip) {
+    width = tipState.dotTip->width;
+    height = tipState.dotTip->height;
   } else {
     outline.ellipse = 1;
     width = static_cast<int>(std::trunc(2 * pen.radiusX + 1));

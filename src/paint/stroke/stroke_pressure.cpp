@@ -36,7 +36,7 @@ int ApplyPressure(int first, int pressure) {
   if (!first && !e.tabletSeen) return 0;
   e.savedPen = pen;
   const bool reflect =
-      e.reflectOnThick || e.reflectOnDensity || (e.reflectOnSize && !dotTipActive);
+      e.reflectOnThick || e.reflectOnDensity || (e.reflectOnSize && !tipState.dotTipActive);
 
   bool packet = pressure >= 0;
   if (pressure < 0) {
@@ -60,7 +60,7 @@ int ApplyPressure(int first, int pressure) {
   // Pen size alone thins the colour too; that is how the option works.
   if (e.reflectOnThick || e.reflectOnSize) pen.colorThickness = Scaled(pen.colorThickness, pressure);
   if (e.reflectOnDensity) pen.density = Scaled(pen.density, pressure);
-  if (!e.reflectOnSize || dotPenPanel) return result;
+  if (!e.reflectOnSize || tipState.dotPenPanel) return result;
   pen.radiusX = pen.radiusX * pressure * kOneIn255;
   pen.radiusY = pen.radiusY * pressure * kOneIn255;
   BuildTip();

@@ -4,7 +4,7 @@
 #include <cstdlib>
 
 #include "display/redraw.h"
-#include "paint/stroke/dab_count.h"
+#include "paint/tip/pen_record.h"
 #include "paint/stroke/stroke_engine.h"
 #include "paint/stroke/stroke_loop.h"
 #include "paint/stroke/stroke_loops.h"
@@ -85,7 +85,7 @@ int ReplaySmoothedStroke(Canvas* canvas, int rightButton, int count, const Rect&
 
   Rect box = Union(kNoBox, given);
   int first = 1;
-  dabCount = 0;
+  tipState.dabCount = 0;
   for (int i = 0; i + 1 < m; ++i) {
     ApplyPressure(first, s[i].pressure);
     Rect painted = kNoBox;
@@ -93,7 +93,7 @@ int ReplaySmoothedStroke(Canvas* canvas, int rightButton, int count, const Rect&
                    spacing, first);
     box = Union(box, painted);
     RestorePen();
-    ++dabCount;
+    ++tipState.dabCount;
     first = 0;
   }
   RedrawCanvasBox(canvas, Rect{box.left - kRepaintMargin, box.top - kRepaintMargin,

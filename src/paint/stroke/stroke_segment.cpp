@@ -3,7 +3,7 @@
 #include <cmath>
 
 #include "paint/modes/place_dab.h"
-#include "paint/stroke/dab_count.h"
+#include "paint/tip/pen_record.h"
 #include "display/redraw.h"
 #include "paint/tip/tip.h"
 
@@ -30,7 +30,7 @@ void DrawPenSegment(Canvas* canvas, double x0, double y0, double x1, double y1, 
     Rect dab = kNoBox;
     PlaceDab(canvas, majorY ? minor : t, majorY ? t : minor, 0, rightButton, &dab, spacing, first);
     box = Union(box, dab);
-    ++dabCount;
+    ++tipState.dabCount;
   }
   if (refresh) RedrawCanvasBox(canvas, box);
   if (painted) *painted = box;

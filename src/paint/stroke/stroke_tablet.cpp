@@ -4,7 +4,6 @@
 
 #include "document/undo_history.h"
 #include "paint/modes/place_dab.h"
-#include "paint/stroke/dab_count.h"
 #include "paint/stroke/stroke_engine.h"
 #include "paint/stroke/stroke_loop.h"
 #include "paint/stroke/stroke_loops.h"
@@ -63,7 +62,7 @@ int RunTabletStroke(Canvas* canvas, int, int, int rightButton) {
       lastY = at.y;
     }
     box = Union(box, painted);
-    ++dabCount;
+    ++tipState.dabCount;
     RestorePen();
     first = 0;
     if (singleShot) break;

@@ -68,8 +68,8 @@ int PenDataListObject::PickDotPen(int index) {
   if (index < 0 || index >= fileCount) return 0;
   Plane* tip = LoadDotTip(FilePath(index));
   if (!tip) return 0;
-  PlaneStore.FreePlane(&dotTip);
-  dotTip = tip;
+  PlaneStore.FreePlane(&tipState.dotTip);
+  tipState.dotTip = tip;
   fileInUse = index;
   return 1;
 }

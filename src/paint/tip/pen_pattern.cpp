@@ -35,7 +35,7 @@ void FreePenPattern() {
   PlaneStore.FreePlane(&pen.patternImage);
   PlaneStore.FreePlane(&pen.patternAlpha);
   pen.patternActive = 0;
-  patternIsTip = 0;
+  tipState.patternIsTip = 0;
 }
 
 int SetPenPattern(const std::string& path, Plane* image, Plane* alpha) {
@@ -59,6 +59,6 @@ int SetPenPattern(const std::string& path, Plane* image, Plane* alpha) {
   if (int64_t(image->width) * image->height < kStampPixelLimit &&
       platform::ShowMessageBox(platform::Window::Frame, StringText(kStringUseAsTip), kProductName,
                                platform::MbYesNo | platform::MbIconQuestion) == platform::IdYes)
-    patternIsTip = 1;
+    tipState.patternIsTip = 1;
   return 1;
 }

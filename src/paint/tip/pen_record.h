@@ -67,11 +67,20 @@ static_assert(offsetof(PenRecord, spare) == 124);
 // The current pen.
 extern PenRecord pen;
 
-// Beside the record.
-extern Plane* dotTip;         // 8 bits: the current dot pen or text tip
-extern int32_t dotTipActive;  // dotTip is the tip in use
-extern int32_t patternIsTip;  // the pattern image is a stamp
-extern int32_t dotPenPanel;   // the dot pen panel is the one in use
+// Beside the record: the tip that stands in for the record's shape, the
+// dot pen panel's state and where in the stroke a dab falls.
+struct TipState {
+  Plane* dotTip = nullptr;   // 8 bits: the current dot pen or text tip
+  int32_t dotTipActive = 0;  // dotTip is the tip in use
+  int32_t patternIsTip = 0;  // the pattern image is a stamp
+  int32_t dotPenPanel = 0;   // the dot pen panel is the one in use
+  int32_t dotTilePage = 0;   // the page of the family's files that its tiles show
+  // Dabs placed in the current stroke: 0 when a stroke starts, read by what
+  // must know where in the stroke a dab falls (the life tip, the scatter,
+  // the grab-and-drop pen modes).
+  int32_t dabCount = 0;
+};
+extern TipState tipState;
 
 // A radius brought into 0..127; anything not above 0, NaN too, gives 0.
 inline double ClampTipRadius(double r) {

@@ -29,7 +29,7 @@ bool ValidSlot(int slot) { return slot >= 1 && slot <= kStoredPenSlots; }
 int SavePen(const std::string& programFolder, int slot) {
   if (!ValidSlot(slot)) return 0;
   uint8_t bytes[kStoredPenBytes] = {};
-  bytes[kStoredDotPenPanel] = uint8_t(dotPenPanel);
+  bytes[kStoredDotPenPanel] = uint8_t(tipState.dotPenPanel);
   bytes[kStoredTipShape] = uint8_t(pen.tipShape);
   bytes[kStoredDotFile] = uint8_t(PenDataList.fileInUse);
   bytes[kStoredDotFolder] = uint8_t(PenDataList.folderInUse);
@@ -55,15 +55,15 @@ int LoadPen(const std::string& programFolder, int slot) {
   double radiusX, radiusY;
   std::memcpy(&radiusX, bytes + kStoredRadiusX, sizeof(double));
   std::memcpy(&radiusY, bytes + kStoredRadiusY, sizeof(double));
-  dotPenPanel = bytes[kStoredDotPenPanel] ? 1 : 0;
+  tipState.dotPenPanel = bytes[kStoredDotPenPanel] ? 1 : 0;
   pen.tipShape = bytes[kStoredTipShape];
   pen.colorThickness = bytes[kStoredThickness];
   pen.density = bytes[kStoredDensity];
   pen.radiusX = ClampTipRadius(radiusX);
   pen.radiusY = ClampTipRadius(radiusY);
-  if (dotPenPanel && PenDataList.SelectFolder(bytes[kStoredDotFolder]))
+  if (tipState.dotPenPanel && PenDataList.SelectFolder(bytes[kStoredDotFolder]))
     PenDataList.PickDotPen(bytes[kStoredDotFile]);
-  OpenOptionPanel(dotPenPanel ? OptionPanel::Dot : OptionPanel::Brush);
+  OpenOptionPanel(tipState.dotPenPanel ? OptionPanel::Dot : OptionPanel::Brush);
   BuildTip();
   RepaintControlPanel();
   return 1;

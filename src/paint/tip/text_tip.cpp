@@ -28,7 +28,7 @@ int SetTextTip(Plane* rendered) {
     for (uint8_t& v : row) v = uint8_t(255 - v);
     PlaneStore.WriteRow(tip, y, 0, width - 1, row.data());
   }
-  PlaneStore.FreePlane(&dotTip);
-  dotTip = tip;
+  PlaneStore.FreePlane(&tipState.dotTip);
+  tipState.dotTip = tip;
   return 1;
 }

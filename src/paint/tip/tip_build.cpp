@@ -2,7 +2,6 @@
 // two 8-bit rasters.
 #include <algorithm>
 
-#include "paint/stroke/dab_count.h"
 #include "paint/tip/pen_record.h"
 #include "paint/tip/tip.h"
 #include "paint/tip/tip_shapes.h"
@@ -22,7 +21,7 @@ bool IsAnimated(int shape) { return (shape >= 6 && shape <= 9) || (shape >= 12 &
 void DrawShape(int shape, TipRaster& tip, const TipGeometry& g) {
   switch (shape) {
     case 6: SprayTip(tip, g); break;
-    case 7: LifeTip(tip, g, dabCount); break;
+    case 7: LifeTip(tip, g, tipState.dabCount); break;
     case 8: RaysTip(tip, g, 0); break;
     case 9: ChordsTip(tip, g, 0); break;
     case 10: BlockTip(tip, g); break;

@@ -17,17 +17,17 @@ bool Fits(const Plane* plane) {
 // The stamp is the pattern image itself, in pen mode Color only. A plane
 // too large for the tip buffers is never taken as a tip.
 TipSource CurrentSource() {
-  if (patternIsTip == 1 && pen.mode == 0 && pen.patternActive && pen.patternImage &&
+  if (tipState.patternIsTip == 1 && pen.mode == 0 && pen.patternActive && pen.patternImage &&
       Fits(pen.patternImage))
     return TipSource::Stamp;
-  if (dotTipActive) return TipSource::Dot;
+  if (tipState.dotTipActive) return TipSource::Dot;
   return TipSource::Generated;
 }
 
 const Plane* SourcePlane(TipSource source) {
   switch (source) {
     case TipSource::Stamp: return pen.patternImage;
-    case TipSource::Dot: return dotTip && Fits(dotTip) ? dotTip : nullptr;
+    case TipSource::Dot: return tipState.dotTip && Fits(tipState.dotTip) ? tipState.dotTip : nullptr;
     case TipSource::Generated: break;
   }
   return pen.tipHigh;
@@ -54,7 +54,7 @@ void FetchTipRaster(uint8_t* highOut, uint8_t* lowOut, int* outWidth, int* outHe
       if (lowOut) std::memset(lowOut, 255, area);
       break;
     case TipSource::Dot:
-      CopyRows(dotTip, highOut);
+      CopyRows(tipState.dotTip, highOut);
       if (lowOut) std::memset(lowOut, 0, area);
       break;
     case TipSource::Generated:

@@ -10,7 +10,7 @@
 OptionPanel ChooseOptionPanel(int tool, bool shiftHeld) {
   if (tool == kSeedFillTool) return OptionPanel::Range;
   if (shiftHeld) return OptionPanel::Text;
-  return dotPenPanel ? OptionPanel::Dot : OptionPanel::Brush;
+  return tipState.dotPenPanel ? OptionPanel::Dot : OptionPanel::Brush;
 }
 
 OptionPanel OptionAreaPanel(int tool, bool shiftHeld) {
@@ -19,14 +19,14 @@ OptionPanel OptionAreaPanel(int tool, bool shiftHeld) {
 }
 
 void OpenOptionPanel(OptionPanel panel) {
-  if (panel == OptionPanel::Dot || panel == OptionPanel::Text) dotTipActive = 1;
-  if (panel == OptionPanel::Brush) dotTipActive = 0;
+  if (panel == OptionPanel::Dot || panel == OptionPanel::Text) tipState.dotTipActive = 1;
+  if (panel == OptionPanel::Brush) tipState.dotTipActive = 0;
   if (panel == OptionPanel::Dot) OpenDotTiles();
 }
 
 OptionPanel SwitchTipPanel(OptionPanel current) {
   OptionPanel next = current == OptionPanel::Brush ? OptionPanel::Dot : OptionPanel::Brush;
-  dotPenPanel = next == OptionPanel::Dot ? 1 : 0;
+  tipState.dotPenPanel = next == OptionPanel::Dot ? 1 : 0;
   OpenOptionPanel(next);
   return next;
 }

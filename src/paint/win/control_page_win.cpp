@@ -100,7 +100,7 @@ void ShowOptionPanel(HWND page, OptionPanel panel) {
 // brought the other option panel.
 void Refresh(HWND page) {
   ShowPen(page);
-  const OptionPanel wanted = dotPenPanel ? OptionPanel::Dot : OptionPanel::Brush;
+  const OptionPanel wanted = tipState.dotPenPanel ? OptionPanel::Dot : OptionPanel::Brush;
   if (wanted != state.shown)
     ShowOptionPanel(page, wanted);
   else if (state.optionPanel)

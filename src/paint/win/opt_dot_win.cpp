@@ -44,7 +44,7 @@ void ShowPen(HWND panel) {
       any ? platform::Widen(PenDataList.folders[PenDataList.folderInUse]) + kPopupMark : L"";
   SetDlgItemTextW(panel, IDC_FOLDER_POPUP, folder.c_str());
   const std::wstring page =
-      std::to_wstring(dotTilePage + 1) + L"/" + std::to_wstring(DotPageCount());
+      std::to_wstring(tipState.dotTilePage + 1) + L"/" + std::to_wstring(DotPageCount());
   SetDlgItemTextW(panel, IDC_DOT_PAGE, page.c_str());
   EnableWindow(GetDlgItem(panel, IDC_DOT_PAGE), DotPageCount() > 1);
   for (int id : {IDC_FOLDER_POPUP, IDC_NEXT_FOLDER}) EnableWindow(GetDlgItem(panel, id), any);
