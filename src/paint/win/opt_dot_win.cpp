@@ -8,6 +8,7 @@
 #include "paint/control/dot_tiles.h"
 #include "paint/control/size_menu.h"
 #include "paint/tip/pen_data_list.h"
+#include "paint/tip/pen_record.h"
 #include "paint/win/option_panels_win.h"
 #include "paint/win/panel_common_win.h"
 #include "paint/win/pen_panel_ids.h"
