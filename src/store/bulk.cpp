@@ -10,6 +10,7 @@
 #include "store/plane_mapping.h"
 #include "store/plane_store.h"
 #include "store/row_cache.h"
+#include "store/scratch.h"
 
 namespace {
 

@@ -7,6 +7,8 @@
 #include <cstdint>
 #include <memory>
 
+constexpr int kRowsPerBlock = 32;
+
 class PackedRows {
  public:
   struct Block {

@@ -9,6 +9,7 @@
 #include "store/packed_rows.h"
 #include "store/plane_mapping.h"
 #include "store/row_cache.h"
+#include "store/scratch.h"
 
 PlaneStoreObject PlaneStore;
 

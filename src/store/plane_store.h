@@ -15,20 +15,12 @@
 
 enum PlaneKind : uint32_t { Virtual = 0, Physical = 1, Packed = 2 };
 
-constexpr int kScratchBytes = 2000000;
-constexpr int kChunkBytes = 1999900;        // a chunk always fits the scratch with room to spare
-constexpr int kProgressThreshold = 1000001; // bulk work of this many bytes reports progress
+// Rows a Virtual plane's cache holds: usually, and while it runs wide.
 constexpr int kRowCacheNarrow = 4;
 constexpr int kRowCacheWide = 100;
-constexpr int kRowsPerBlock = 32;
 
-struct RowSlot {
-  uint8_t* rowBytes;  // stride + 100 bytes
-  int32_t row;        // -1 when free
-  int32_t touchedLow, touchedHigh;
-  int32_t dirtyLow, dirtyHigh;
-};
-
+// What stands behind each storage kind; only the store reaches inside.
+struct RowSlot;  // row_cache.h
 class PlaneMapping;
 class PackedRows;
 
@@ -120,13 +112,12 @@ class PlaneStoreObject {
   int SavePlane(Plane* plane, FILE* file);
   int LoadPlane(Plane* plane, FILE* file);
 
-  // The shared work buffer of kScratchBytes bytes, for bulk and file work.
-  uint8_t* Scratch() { return scratch.get(); }
-
-  std::unique_ptr<uint8_t[]> scratch;
   uint32_t serial = 0;
 
  private:
+  // The shared work buffer of bulk and file work (scratch.h).
+  std::unique_ptr<uint8_t[]> scratch;
+
   // Storage of each kind for a plane whose record is filled in; false when
   // it can't be had (the caller frees the record).
   bool CreateFlat(Plane* plane, uint8_t fill, int doFill);

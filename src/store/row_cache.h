@@ -5,6 +5,13 @@
 
 #include "store/plane_store.h"
 
+struct RowSlot {
+  uint8_t* rowBytes;  // stride + 100 bytes
+  int32_t row;        // -1 when free
+  int32_t touchedLow, touchedHigh;
+  int32_t dirtyLow, dirtyHigh;
+};
+
 // Allocates all 100 slots, free and zeroed; false when memory runs out
 // (whatever was allocated is freed again).
 bool AllocateRowSlots(Plane* plane);

@@ -6,6 +6,7 @@
 
 #include "store/packed_rows.h"
 #include "store/plane_mapping.h"
+#include "store/row_cache.h"
 #include "store_test_support.h"
 
 namespace {

@@ -4,6 +4,7 @@
 #include <tuple>
 
 #include "store/plane_mapping.h"
+#include "store/row_cache.h"
 #include "store_test_support.h"
 
 namespace {
