@@ -34,6 +34,16 @@ enum class ToolRoute {
 };
 ToolRoute ToolRouteOf(int tool);
 
+// The drawings over the picture that their owners toggle (view_paint.h).
+enum Overlay {
+  kOverlayPenOutline,  // only on the canvas that shows it
+  kOverlayLoopeBox,
+  kOverlayResizeBox,
+  kOverlayDraft,
+  kOverlayZoomFrame,  // the rectangle Smooth Zoom is about to enlarge
+  kOverlayCount,
+};
+
 struct PointerRoutes {
   // The left press with Shift while the pen is in mode Clone.
   std::function<void(Canvas*)> setCloneSource;
@@ -62,6 +72,8 @@ struct PointerRoutes {
   std::function<void(Canvas*, const CanvasPoint& at)> toolPointer;
   // The pointer left the view: what follows it (the pen's outline) goes.
   std::function<void(Canvas*)> pointerLeft;
+  // Each overlay's toggle: one call takes it off, the next puts it back.
+  std::function<void(Canvas*)> overlayToggles[kOverlayCount];
 
   // The layer commands a right press on a layer leads to.
   std::function<int(Canvas*, int layer)> layerPartsMenu;  // tsLayPartsMenu2: item, 0 for none

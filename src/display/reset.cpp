@@ -11,7 +11,6 @@
 void ResetDisplay() {
   viewWindows = {};
   pointerRoutes = {};
-  for (auto& toggle : overlayToggles) toggle = nullptr;
   for (uint8_t* buffer : {composeRows.sources, composeRows.coverages, composeRows.plane,
                           composeRows.bounce})
     delete[] buffer;

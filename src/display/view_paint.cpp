@@ -1,17 +1,16 @@
 #include "display/view_paint.h"
 
+#include "display/pointer_routing.h"
 #include "display/redraw.h"
-
-std::function<void(Canvas* canvas)> overlayToggles[kOverlayCount];
 
 void OverlaysOff(Canvas* canvas) {
   for (int i = 0; i < kOverlayCount; ++i)
-    if (overlayToggles[i]) overlayToggles[i](canvas);
+    if (pointerRoutes.overlayToggles[i]) pointerRoutes.overlayToggles[i](canvas);
 }
 
 void OverlaysOn(Canvas* canvas) {
   for (int i = kOverlayCount - 1; i >= 0; --i)
-    if (overlayToggles[i]) overlayToggles[i](canvas);
+    if (pointerRoutes.overlayToggles[i]) pointerRoutes.overlayToggles[i](canvas);
 }
 
 // The update region was validated already, and RedrawRect keeps the

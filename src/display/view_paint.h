@@ -3,27 +3,14 @@
 // call of an overlay's toggle takes it off and the next puts it back. Any
 // repaint of the picture would cover them while their owners believe them
 // shown, so every repaint (RedrawRect, and so WM_PAINT too) takes them off
-// in this order before its tiles go out and puts them back in the reverse
-// order after.
+// in the order of `Overlay` before its tiles go out and puts them back in
+// the reverse order after.
 #pragma once
-
-#include <functional>
 
 #include "document/canvas.h"
 
-enum Overlay {
-  kOverlayPenOutline,  // only on the canvas that shows it
-  kOverlayLoopeBox,
-  kOverlayResizeBox,
-  kOverlayDraft,
-  kOverlayZoomFrame,  // the rectangle Smooth Zoom is about to enlarge
-  kOverlayCount,
-};
-
-// Each overlay's owner registers its toggle; an empty one is skipped.
-extern std::function<void(Canvas* canvas)> overlayToggles[kOverlayCount];
-
-// Every overlay on canvas off, in the order above; and back on, in reverse.
+// Each overlay's owner puts its toggle into pointerRoutes.overlayToggles
+// (pointer_routing.h); an empty one is skipped. Every overlay on canvas off, in the order above; and back on, in reverse.
 void OverlaysOff(Canvas* canvas);
 void OverlaysOn(Canvas* canvas);
 

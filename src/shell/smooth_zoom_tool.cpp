@@ -2,6 +2,7 @@
 
 #include "display/smooth_zoom.h"
 #include "display/smooth_zoom_frame.h"
+#include "display/pointer_routing.h"
 #include "display/view_paint.h"
 #include "document/active_canvas.h"
 #include "base/command_ids.h"
@@ -26,7 +27,7 @@ int StartFrame(int, const std::string&) {
 
 void InstallSmoothZoomTool(const std::string& tempFolder) {
   smoothZoomFolder = tempFolder;
-  overlayToggles[kOverlayZoomFrame] = ToggleZoomFrame;
+  pointerRoutes.overlayToggles[kOverlayZoomFrame] = ToggleZoomFrame;
   RegisterToolStart(cmd::kSmoothZoom, StartFrame);
   // The frame command reaches here only while a Smooth Zoom is in force.
   RegisterFrameCommand(cmd::kSmoothZoom, [](intptr_t) {

@@ -24,7 +24,7 @@ class ZoomFrame : public ViewTest {
   void SetUp() override {
     ViewTest::SetUp();
     smoothZoomFolder = folder.path();
-    overlayToggles[kOverlayZoomFrame] = ToggleZoomFrame;
+    pointerRoutes.overlayToggles[kOverlayZoomFrame] = ToggleZoomFrame;
     viewWindows.invertBox = [this](Canvas* canvas, const Rect& box) {
       inverted.push_back({canvas, box.left, box.top, box.Width(), box.Height()});
     };

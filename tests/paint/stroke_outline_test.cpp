@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "display/redraw.h"
+#include "display/pointer_routing.h"
 #include "display/view_paint.h"
 #include "paint/stroke/stroke_loops.h"
 #include "paint/stroke/stroke_routes.h"
@@ -69,7 +70,7 @@ class OutlineTest : public StrokeTest {
     RedrawRect(canvas, Rect{0, 0, kWidth - 1, kHeight - 1});
   }
   void TearDown() override {
-    overlayToggles[kOverlayPenOutline] = nullptr;
+    pointerRoutes.overlayToggles[kOverlayPenOutline] = nullptr;
     StrokeTest::TearDown();
   }
   // The pointer as the view's moves bring it.

@@ -54,7 +54,7 @@ void InstallStrokeEngine() {
     else
       HidePenOutline();
   };
-  overlayToggles[kOverlayPenOutline] = TogglePenOutline;
+  pointerRoutes.overlayToggles[kOverlayPenOutline] = TogglePenOutline;
 }
 
 void ChooseRightClickAction(int action) {
