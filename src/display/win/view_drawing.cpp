@@ -2,31 +2,12 @@
 
 #include <windows.h>
 
-namespace {
-
-// The drawing goes straight to the window, outside WM_PAINT.
-class ViewDc {
- public:
-  explicit ViewDc(const Canvas* canvas)
-      : window_(static_cast<HWND>(canvas->displayWnd)), dc_(GetDC(window_)) {}
-  ~ViewDc() {
-    if (dc_) ReleaseDC(window_, dc_);
-  }
-  ViewDc(const ViewDc&) = delete;
-  ViewDc& operator=(const ViewDc&) = delete;
-  HDC get() const { return dc_; }
-
- private:
-  HWND window_;
-  HDC dc_;
-};
-
-}  // namespace
+#include "platform/win32/win32_windows.h"
 
 // The picture's rows run bottom-up, so the part's source row counts from
 // the bottom.
 void DrawViewPicture(Canvas* canvas, const DibTile* picture, int x, int y, const Rect& part) {
-  ViewDc dc(canvas);
+  win32::WindowDc dc(static_cast<HWND>(canvas->displayWnd));
   if (!dc.get()) return;
   SetDIBitsToDevice(dc.get(), x + part.left, y + part.top, static_cast<DWORD>(part.Width()),
                     static_cast<DWORD>(part.Height()), part.left, picture->height - 1 - part.bottom, 0,
@@ -38,7 +19,7 @@ void DrawViewPicture(Canvas* canvas, const DibTile* picture, int x, int y, const
 // its last point, so it goes one pixel further.
 void DrawGridLine(Canvas* canvas, const GridLine& line, uint32_t red, uint32_t green,
                   uint32_t blue, int invert, const Rect& clip) {
-  ViewDc dc(canvas);
+  win32::WindowDc dc(static_cast<HWND>(canvas->displayWnd));
   if (!dc.get()) return;
   HPEN pen = CreatePen(PS_SOLID, 1, RGB(red, green, blue));
   if (!pen) return;
@@ -55,10 +36,6 @@ void DrawGridLine(Canvas* canvas, const GridLine& line, uint32_t red, uint32_t g
 }
 
 void InvertViewBox(Canvas* canvas, const Rect& box) {
-  ViewDc dc(canvas);
-  if (!dc.get()) return;
-  SetROP2(dc.get(), R2_NOT);
-  HGDIOBJ old = SelectObject(dc.get(), GetStockObject(NULL_BRUSH));
-  Rectangle(dc.get(), box.left, box.top, box.right + 1, box.bottom + 1);
-  SelectObject(dc.get(), old);
+  win32::InvertingDc dc(static_cast<HWND>(canvas->displayWnd));
+  if (dc.get()) Rectangle(dc.get(), box.left, box.top, box.right + 1, box.bottom + 1);
 }

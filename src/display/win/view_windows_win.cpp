@@ -12,6 +12,7 @@
 #include "display/win/zoom_readout.h"
 #include "display/win/document_window.h"
 #include "platform/win32/win32_platform.h"
+#include "platform/win32/win32_windows.h"
 
 namespace {
 
@@ -73,13 +74,6 @@ void ShowPosition(const std::string& text) {
                          reinterpret_cast<intptr_t>(text.c_str()));
 }
 
-int ScreenBits() {
-  HDC screen = GetDC(nullptr);
-  const int bits = GetDeviceCaps(screen, BITSPIXEL) * GetDeviceCaps(screen, PLANES);
-  ReleaseDC(nullptr, screen);
-  return bits;
-}
-
 }  // namespace
 
 void InstallViewWindows() {
@@ -97,7 +91,7 @@ void InstallViewWindows() {
   };
   w.showZoom = ShowZoomReadout;
   w.showPosition = ShowPosition;
-  w.displayBits = ScreenBits;
+  w.displayBits = win32::ScreenBits;
   w.drawPicture = DrawViewPicture;
   w.drawGridLine = DrawGridLine;
   w.invertBox = InvertViewBox;

@@ -4,31 +4,9 @@
 
 #include "paint/stroke/stroke_windows.h"
 #include "platform/win32/win32_platform.h"
+#include "platform/win32/win32_windows.h"
 
 namespace {
-
-// A drawing by inversion, outside WM_PAINT: drawn twice, it is gone.
-class InvertingDc {
- public:
-  explicit InvertingDc(HWND window) : window_(window), dc_(GetDC(window)) {
-    if (!dc_) return;
-    SetROP2(dc_, R2_NOT);
-    oldBrush_ = SelectObject(dc_, GetStockObject(NULL_BRUSH));
-  }
-  ~InvertingDc() {
-    if (!dc_) return;
-    SelectObject(dc_, oldBrush_);
-    ReleaseDC(window_, dc_);
-  }
-  InvertingDc(const InvertingDc&) = delete;
-  InvertingDc& operator=(const InvertingDc&) = delete;
-  HDC get() const { return dc_; }
-
- private:
-  HWND window_;
-  HDC dc_;
-  HGDIOBJ oldBrush_ = nullptr;
-};
 
 // From the first point up to the last, which is left out.
 void Line(HDC dc, int x0, int y0, int x1, int y1) {
@@ -37,12 +15,12 @@ void Line(HDC dc, int x0, int y0, int x1, int y1) {
 }
 
 void InvertScreenLine(int x0, int y0, int x1, int y1) {
-  InvertingDc dc(nullptr);
+  win32::InvertingDc dc(nullptr);
   if (dc.get()) Line(dc.get(), x0, y0, x1, y1);
 }
 
 void DrawPenOutline(WindowHandle view, const PenOutline& outline) {
-  InvertingDc dc(static_cast<HWND>(view));
+  win32::InvertingDc dc(static_cast<HWND>(view));
   if (!dc.get()) return;
   const Rect& box = outline.box;
   if (outline.ellipse)

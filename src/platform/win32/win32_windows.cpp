@@ -51,6 +51,11 @@ bool RunDialog(const wchar_t* name, HWND owner, const Dialog& dialog) {
                          reinterpret_cast<LPARAM>(&dialog)) == IDOK;
 }
 
+int ScreenBits() {
+  WindowDc screen(nullptr);
+  return GetDeviceCaps(screen.get(), BITSPIXEL) * GetDeviceCaps(screen.get(), PLANES);
+}
+
 void CentreOnOwner(HWND window) {
   HWND owner = GetWindow(window, GW_OWNER);
   RECT own, rect;

@@ -45,4 +45,41 @@ bool RunDialog(const wchar_t* name, HWND owner, const Dialog& dialog);
 // work area of the owner's monitor.
 void CentreOnOwner(HWND window);
 
+// The screen's colour depth: bits per plane times planes.
+int ScreenBits();
+
+// A device context of a window (null: the screen) for drawing straight to
+// it, outside WM_PAINT; get() is null when none could be had.
+class WindowDc {
+ public:
+  explicit WindowDc(HWND window) : window_(window), dc_(GetDC(window)) {}
+  ~WindowDc() {
+    if (dc_) ReleaseDC(window_, dc_);
+  }
+  WindowDc(const WindowDc&) = delete;
+  WindowDc& operator=(const WindowDc&) = delete;
+  HDC get() const { return dc_; }
+
+ private:
+  HWND window_;
+  HDC dc_;
+};
+
+// One that draws by inversion, with outlines only: drawn twice, a drawing
+// is gone.
+class InvertingDc : public WindowDc {
+ public:
+  explicit InvertingDc(HWND window) : WindowDc(window) {
+    if (!get()) return;
+    SetROP2(get(), R2_NOT);
+    oldBrush_ = SelectObject(get(), GetStockObject(NULL_BRUSH));
+  }
+  ~InvertingDc() {
+    if (get()) SelectObject(get(), oldBrush_);
+  }
+
+ private:
+  HGDIOBJ oldBrush_ = nullptr;
+};
+
 }  // namespace win32

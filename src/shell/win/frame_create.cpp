@@ -30,12 +30,6 @@ constexpr int kStringFewColours = 1310;
 constexpr int kMdiClientId = 1;
 constexpr UINT kFirstChildId = 100;
 
-int ColourDepth() {
-  HDC screen = GetDC(nullptr);
-  const int depth = GetDeviceCaps(screen, BITSPIXEL) * GetDeviceCaps(screen, PLANES);
-  ReleaseDC(nullptr, screen);
-  return depth;
-}
 
 bool CreateMdiClient(HWND frame) {
   CLIENTCREATESTRUCT client{windowMenu, kFirstChildId};
@@ -64,7 +58,7 @@ bool OnFrameCreate(HWND frame, const CREATESTRUCTW* create) {
   frameWnd = frame;
   platform::BindWindow(platform::Window::Frame, frame);
   ShowTitleSplash(frame, RECT{create->x, create->y, create->x + create->cx, create->y + create->cy});
-  if (ColourDepth() < kMinColourDepth) {
+  if (win32::ScreenBits() < kMinColourDepth) {
     platform::ShowMessageBox(platform::Window::Frame, StringText(kStringFewColours), kProductName,
                              platform::MbOk | platform::MbIconError);
     return false;

@@ -88,9 +88,7 @@ void RegisterClipboardFormats() {
 void ReadScreenFacts() {
   screenWidth = GetSystemMetrics(SM_CXSCREEN);
   screenHeight = GetSystemMetrics(SM_CYSCREEN);
-  HDC screen = GetDC(nullptr);
-  screenBits = GetDeviceCaps(screen, BITSPIXEL) * GetDeviceCaps(screen, PLANES);
-  ReleaseDC(nullptr, screen);
+  screenBits = win32::ScreenBits();
 }
 
 // The saved place, brought onto the screen, with the title "Tesel".
