@@ -1,9 +1,14 @@
-// The portable wiring of the subsystems: each registers its commands,
-// routes and hooks. The Win32 frame runs it once its windows stand and the
-// settings are read; a native test of the whole program runs it too.
+// The portable wiring of the program: each level with subsystems to plug
+// in has an Install<Level>() that registers its commands, routes and hooks,
+// and InstallSubsystems runs them from the bottom up. The Win32 frame runs
+// it once its windows stand and the settings are read; a native test of the
+// whole program runs it too.
 #pragma once
 
 #include <string>
 
-// tempFolder ends with a separator; Smooth Zoom parks its planes there.
+// The shell's own: the undo commands, the Smooth Zoom tool (which parks its
+// planes in tempFolder, ending with a separator) and the right-click keys.
+void InstallShell(const std::string& tempFolder);
+
 void InstallSubsystems(const std::string& tempFolder);
