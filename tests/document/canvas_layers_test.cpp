@@ -26,12 +26,10 @@ TEST_F(CanvasLayers, DuplicateCopiesEveryPlaneAndTheStackStopsAt128) {
   EXPECT_EQ(4, s[8].mixMode);
   for (int position = 0; position < 4; ++position) EXPECT_NE(s[position].plane, s[8 + position].plane);
   EXPECT_EQ(nullptr, s[12].plane);
-  EXPECT_EQ((Rgb{10, 20, 30}), Pixel24(s[8].plane, 2, 1));
-  EXPECT_EQ((Rgb{255, 255, 255}), Pixel24(s[8].plane, 0, 0));
+  EXPECT_EQ((Rgb{10, 20, 30}), PixelRgb(s[8].plane, 2, 1));
+  EXPECT_EQ((Rgb{255, 255, 255}), PixelRgb(s[8].plane, 0, 0));
   EXPECT_TRUE(AllBytes(s[10].plane, 255));
-  uint32_t value = 0;
-  PlaneStore.ReadPixel8(s[11].plane, 0, 1, &value);
-  EXPECT_EQ(5u, value);
+  EXPECT_EQ(5u, PixelValue(s[11].plane, 0, 1));
 
   for (int layer = 2; layer < 128; ++layer)
     ASSERT_EQ(layer * 8, CanvasManager.AddLayer(canvas, layer, 2, 3, 4));

@@ -64,7 +64,7 @@ TEST_F(CanvasPlanes, BlankSheetVariants) {
   PaintRamp(transparency);
   EXPECT_EQ(1, CanvasManager.BlankSheet(canvas, BlankSheetKind::Transparent, nullptr));
   EXPECT_TRUE(AllBytes(transparency, 0));  // the colours stay
-  EXPECT_EQ(Ramp24(4, 2), Pixel24(image, 4, 2));
+  EXPECT_EQ(Ramp24(4, 2), PixelRgb(image, 4, 2));
   EXPECT_EQ(1, CanvasManager.BlankSheet(canvas, BlankSheetKind::Black, nullptr));
   EXPECT_TRUE(AllBytes(image, 0) && AllBytes(transparency, 255));
   PaintRamp(transparency);
@@ -76,7 +76,7 @@ TEST_F(CanvasPlanes, BlankSheetVariants) {
   PaintRamp(transparency);
   EXPECT_EQ(1, CanvasManager.BlankSheet(canvas, BlankSheetKind::Texture, texture));
   for (int y = 0; y < 3; ++y)
-    for (int x = 0; x < 5; ++x) EXPECT_EQ(Ramp24(x % 3, y % 2), Pixel24(image, x, y)) << x << y;
+    for (int x = 0; x < 5; ++x) EXPECT_EQ(Ramp24(x % 3, y % 2), PixelRgb(image, x, y)) << x << y;
   EXPECT_TRUE(AllBytes(transparency, 255));
   EXPECT_EQ(0, CanvasManager.BlankSheet(canvas, BlankSheetKind::Texture, nullptr));
   PlaneStore.FreePlane(&texture);
@@ -100,7 +100,7 @@ TEST_F(CanvasPlanes, ClearingInitializingAndNegative) {
   CanvasManager.SelectPlane(canvas, 0);
   EXPECT_EQ(1, CanvasManager.Negative(canvas));
   const Rgb ramp = Ramp24(3, 1);
-  EXPECT_EQ((Rgb{255 - ramp[0], 255 - ramp[1], 255 - ramp[2]}), Pixel24(s[0].plane, 3, 1));
+  EXPECT_EQ((Rgb{255 - ramp[0], 255 - ramp[1], 255 - ramp[2]}), PixelRgb(s[0].plane, 3, 1));
 
   settings.noMaskPlane = settings.noTransparencyPlane = 1;  // planes that aren't there
   canvas = MakeBlank(2, 2);

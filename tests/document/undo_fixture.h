@@ -20,14 +20,9 @@ class UndoTest : public CanvasTest {
 
   // Every byte of a layer's image plane, then of its transparency.
   static Bytes Shown(Canvas* canvas, int image) {
-    Bytes bytes;
-    for (Plane* plane : {canvas->planes[image].plane, canvas->planes[image + 2].plane}) {
-      Bytes row(static_cast<size_t>(plane->width) * plane->bytesPerPixel);
-      for (int y = 0; y < plane->height; ++y) {
-        PlaneStore.ReadRow(plane, y, 0, plane->width - 1, row.data());
-        bytes.insert(bytes.end(), row.begin(), row.end());
-      }
-    }
+    Bytes bytes = PlaneBytes(canvas->planes[image].plane);
+    const Bytes transparency = PlaneBytes(canvas->planes[image + 2].plane);
+    bytes.insert(bytes.end(), transparency.begin(), transparency.end());
     return bytes;
   }
   // Paints a canvas rectangle of a layer's image and transparency with

@@ -23,6 +23,7 @@
 #include "store/plane_store.h"
 #include "support/fixture.h"
 #include "support/pixel_reference.h"
+#include "support/planes.h"
 
 namespace pentest {
 
@@ -42,18 +43,10 @@ struct Image {
 };
 
 inline Image Snap(Plane* plane) {
-  Image image{plane->width, plane->height, int(plane->bytesPerPixel), {}};
-  image.bytes.resize(size_t(image.width) * image.height * image.bpp);
-  for (int y = 0; y < image.height; ++y)
-    PlaneStore.ReadRow(plane, y, 0, image.width - 1, &image.at(0, y));
-  return image;
+  return {plane->width, plane->height, int(plane->bytesPerPixel), PlaneBytes(plane)};
 }
 
-inline void Put(Plane* plane, const Image& image) {
-  for (int y = 0; y < image.height; ++y)
-    PlaneStore.WriteRow(plane, y, 0, image.width - 1,
-                        &image.bytes[size_t(y) * image.width * image.bpp]);
-}
+inline void Put(Plane* plane, const Image& image) { PutPlaneBytes(plane, image.bytes); }
 
 class PenModeTest : public TeselTest {
  protected:
@@ -98,10 +91,8 @@ class PenModeTest : public TeselTest {
               const std::vector<uint8_t>& low) {
     PlaneStore.FreePlane(&pen.tipHigh);
     PlaneStore.FreePlane(&pen.tipLow);
-    pen.tipHigh = PlaneStore.CreatePlane(width, height, 8, 0, 1, Physical);
-    pen.tipLow = PlaneStore.CreatePlane(width, height, 8, 0, 1, Physical);
-    Put(pen.tipHigh, Image{width, height, 1, high});
-    Put(pen.tipLow, Image{width, height, 1, low});
+    pen.tipHigh = PlaneOfBytes(width, height, 8, high);
+    pen.tipLow = PlaneOfBytes(width, height, 8, low);
   }
   std::vector<uint8_t> RandomBytes(size_t n) {
     std::vector<uint8_t> bytes(n);

@@ -1,7 +1,6 @@
 // What the CONTROL page decides: pen mode, strengths, speed, colour mask
 // and paint flags; the size popup; the tip preview and shape pictures; the
 // dot pen tiles; the panel messages.
-#include <fstream>
 
 #include "paint/control/control_page.h"
 #include "paint/control/dot_tiles.h"
@@ -36,13 +35,6 @@ Bytes Grey(const Bytes& bgr) {
   return grey;
 }
 
-Plane* Raster8(int width, int height, const Bytes& bytes) {
-  Plane* plane = PlaneStore.CreatePlane(width, height, 8, 0, 1, Physical);
-  for (int y = 0; y < height; ++y)
-    PlaneStore.WriteRow(plane, y, 0, width - 1, const_cast<uint8_t*>(&bytes[size_t(y) * width]));
-  return plane;
-}
-
 class PenPanelTest : public PenTest {
  protected:
   void SetUp() override {
@@ -58,12 +50,8 @@ class PenPanelTest : public PenTest {
     PenTest::TearDown();
   }
   // A pen picture in family `family`: a white picture with one dark pixel.
-  static void PenFile(const std::string& family, const std::string& name, int x, int y) {
-    std::filesystem::create_directories(scratch.path / "pendata" / family);
-    Plane* picture = PlaneStore.CreatePlane(4, 4, 24, 255, 1, Physical);
-    PlaneStore.WritePixel24(picture, x, y, 0, 0, 0);
-    ASSERT_EQ(1, SaveBmp(picture, (scratch.path / "pendata" / family / name).string()));
-    PlaneStore.FreePlane(&picture);
+  void PenFile(const std::string& family, const std::string& name, int x, int y) {
+    SavePicture("pendata/" + family + "/" + name, 4, 4, {{x, y, 0, 0, 0}});
   }
 };
 
@@ -153,14 +141,14 @@ TEST_F(PenPanelTest, SizePopupListsPicksAndAdds) {
   EXPECT_EQ("Width and height must each be from 1 to 255.", headless::Recorded().boxes[5].text);
 
   // While the dot tip paints, the size is the dot tip's.
-  tipState.dotTip = Raster8(3, 2, Bytes(6, 9));
+  tipState.dotTip = PlaneOfBytes(3, 2, 8, Bytes(6, 9));
   tipState.dotTipActive = 1;
   EXPECT_EQ("3 x 2", CurrentPenSizeLabel());
 }
 
 TEST_F(PenPanelTest, PreviewShadesTheTipOnGreyAndShrinksLargeTips) {
   // Shade 255 - min(255, 4 h), centred in the box.
-  pen.tipHigh = Raster8(4, 2, {0, 10, 64, 255, 1, 2, 3, 40});
+  pen.tipHigh = PlaneOfBytes(4, 2, 8, {0, 10, 64, 255, 1, 2, 3, 40});
   const uint8_t g = kGrey;
   EXPECT_EQ(Grey(TipPreview(8, 4)), (Bytes{g, g, g,   g,   g,   g,   g, g,  //
                                            g, g, 255, 215, 0,   0,   g, g,  //
@@ -169,12 +157,13 @@ TEST_F(PenPanelTest, PreviewShadesTheTipOnGreyAndShrinksLargeTips) {
   // 5 x 3 into 2 x 2: factor 3, one row of two pixels, each the strongest
   // it covers: columns 0..2 and 3..4.
   PlaneStore.FreePlane(&pen.tipHigh);
-  pen.tipHigh = Raster8(5, 3, {0, 0, 0, 0, 1,  //
-                               0, 2, 0, 0, 0,  //
-                               0, 0, 0, 30, 0});
+  pen.tipHigh = PlaneOfBytes(5, 3, 8,
+                             {0, 0, 0, 0, 1,  //
+                              0, 2, 0, 0, 0,  //
+                              0, 0, 0, 30, 0});
   EXPECT_EQ(Grey(TipPreview(2, 2)), (Bytes{247, 135, g, g}));
   // The dot tip while it is in use.
-  tipState.dotTip = Raster8(1, 1, {20});
+  tipState.dotTip = PlaneOfBytes(1, 1, 8, {20});
   tipState.dotTipActive = 1;
   EXPECT_EQ(Grey(TipPreview(1, 1)), Bytes{175});
   tipState.dotTipActive = 0;
@@ -206,8 +195,8 @@ TEST_F(PenPanelTest, DotTilesPageThroughTheFamilyAndWrapFolders) {
     PenFile("a", name, i % 4, i / 4 % 4);
   }
   PenFile("b", "good.bmp", 1, 2);
-  std::ofstream(scratch.path / "pendata" / "b" / "bad.bmp") << "not a picture";
-  ASSERT_EQ(2, PenDataList.Read(scratch.Prefix()));
+  scratch.WriteText("pendata/b/bad.bmp", "not a picture");
+  ASSERT_EQ(2, PenDataList.Read(scratch.path()));
 
   // Opening the panel with no dot tip loads the file in use.
   OpenOptionPanel(OptionPanel::Dot);
@@ -241,22 +230,16 @@ TEST_F(PenPanelTest, DotTilesPageThroughTheFamilyAndWrapFolders) {
 
 TEST_F(PenPanelTest, ThumbnailsShrinkToTheDarkestAndGreyTheUnreadable) {
   // 4 x 2 into 3 x 3: factor 2, one row of two pixels at column 0, row 1.
-  Plane* picture = PlaneStore.CreatePlane(4, 2, 24, 255, 1, Physical);
-  PlaneStore.WritePixel24(picture, 0, 0, 200, 100, 250);
-  PlaneStore.WritePixel24(picture, 1, 1, 90, 220, 240);
-  PlaneStore.WritePixel24(picture, 3, 0, 10, 20, 30);
-  const std::string path = (scratch.path / "t.bmp").string();
-  ASSERT_EQ(1, SaveBmp(picture, path));
-  PlaneStore.FreePlane(&picture);
+  SavePicture("t.bmp", 4, 2, {{0, 0, 200, 100, 250}, {1, 1, 90, 220, 240}, {3, 0, 10, 20, 30}});
   Bytes bgr;
-  ASSERT_EQ(1, DotThumbnail(path, 3, bgr));
+  ASSERT_EQ(1, DotThumbnail(scratch / "t.bmp", 3, bgr));
   Bytes expected(27, 255);
   const Bytes left{240, 100, 90}, right{30, 20, 10};  // blue, green, red
   std::copy(left.begin(), left.end(), expected.begin() + 9);
   std::copy(right.begin(), right.end(), expected.begin() + 12);
   EXPECT_EQ(expected, bgr);
 
-  EXPECT_EQ(0, DotThumbnail((scratch.path / "missing.bmp").string(), 2, bgr));
+  EXPECT_EQ(0, DotThumbnail(scratch / "missing.bmp", 2, bgr));
   EXPECT_EQ(Bytes(12, 0x80), bgr);
 }
 
@@ -275,11 +258,11 @@ TEST_F(PenPanelTest, PanelMessagesAndStoredPensRepaintThePage) {
   tipState.dotPenPanel = 1;
   EXPECT_EQ(OptionPanel::Dot, OptionAreaPanel(20005, false));
 
-  ASSERT_EQ(1, SavePen(scratch.Prefix(), 2));
+  ASSERT_EQ(1, SavePen(scratch.path(), 2));
   EXPECT_TRUE(headless::MessagesTo(platform::Window::ControlPanel, 1034).empty());
-  ASSERT_EQ(1, StoredPenKey(scratch.Prefix(), 2, false));
+  ASSERT_EQ(1, StoredPenKey(scratch.path(), 2, false));
   EXPECT_EQ(1u, headless::MessagesTo(platform::Window::ControlPanel, 1034).size());
-  EXPECT_EQ(0, StoredPenKey(scratch.Prefix(), 7, false));  // no such pen: nothing to repaint
+  EXPECT_EQ(0, StoredPenKey(scratch.path(), 7, false));  // no such pen: nothing to repaint
   EXPECT_EQ(1u, headless::MessagesTo(platform::Window::ControlPanel, 1034).size());
 }
 

@@ -71,10 +71,8 @@ TEST_F(StrokeLoopTest, FreehandPaintsEveryPassAtTheWholePixelWithRowCachesWide) 
   int wrong = 0;
   for (int y = 0; y < 32; ++y)
     for (int x = 0; x < 32; ++x) {
-      uint32_t r, g, b;
-      PlaneStore.ReadPixel24(canvas->planes[0].plane, x, y, &r, &g, &b);
       const bool dabbed = (x == 5 && y == 5) || (x == 9 && y == 7);
-      wrong += (std::array{r, g, b}) !=
+      wrong += PixelRgb(canvas->planes[0].plane, x, y) !=
                (dabbed ? std::array{10u, 20u, 30u} : std::array{255u, 255u, 255u});
     }
   EXPECT_EQ(wrong, 0);

@@ -11,15 +11,9 @@ namespace stroketest {
 namespace {
 
 using RightButtonTest = StrokeTest;
-using Colour = std::vector<uint32_t>;
+using Colour = std::array<uint32_t, 3>;
 
 Colour PenColour() { return {pen.red, pen.green, pen.blue}; }
-
-Colour Pixel(Plane* plane, int x, int y) {
-  uint32_t r = 0, g = 0, b = 0;
-  PlaneStore.ReadPixel24(plane, x, y, &r, &g, &b);
-  return {r, g, b};
-}
 
 TEST_F(RightButtonTest, DropperTakesTheComposedColourOrThePlanesValue) {
   Canvas* canvas = MakeBlank(16, 16);
@@ -64,11 +58,9 @@ TEST_F(RightButtonTest, ShiftPicksAnAreaIntoThePattern) {
   ASSERT_NE(pen.patternAlpha, nullptr);
   EXPECT_EQ(std::make_tuple(pen.patternImage->width, pen.patternImage->height, pen.patternActive),
             std::make_tuple(29 - 5 + 1, 50 - 5 + 1, 1u));
-  EXPECT_EQ(Pixel(pen.patternImage, 1, 2), (Colour{1, 2, 3}));
+  EXPECT_EQ(PixelRgb(pen.patternImage, 1, 2), (Colour{1, 2, 3}));
   EXPECT_EQ(PenColour(), (Colour{0, 0, 0}));
-  uint32_t opacity = 0;
-  PlaneStore.ReadPixel8(pen.patternAlpha, 0, 0, &opacity);
-  EXPECT_EQ(opacity, 255u);
+  EXPECT_EQ(PixelValue(pen.patternAlpha, 0, 0), 255u);
   EXPECT_EQ(boxes % 2, 0);  // every rubber box drawn was taken off again
 }
 
@@ -81,19 +73,19 @@ TEST_F(RightButtonTest, UndoPenPaintsTheSnapshotOfTheLastLeftStrokeBack) {
   Then({{5, 5, kLeft}});
   RunFreehandStroke(canvas, 0, 0, 0);
   ASSERT_NE(undoPenImage, nullptr);
-  EXPECT_EQ(Pixel(undoPenImage, 5, 5), (Colour{1, 2, 3}));
+  EXPECT_EQ(PixelRgb(undoPenImage, 5, 5), (Colour{1, 2, 3}));
   // The dab at whole pixel 5 starts at 5 + 1 - 7 / 2 = 3: columns 3..7.
   const Colour black{0, 0, 0}, white{255, 255, 255};
-  EXPECT_EQ(Pixel(image, 3, 3), black);
-  EXPECT_EQ(Pixel(image, 7, 7), black);
+  EXPECT_EQ(PixelRgb(image, 3, 3), black);
+  EXPECT_EQ(PixelRgb(image, 7, 7), black);
 
   // The restoring dab starts at 5 - 6 / 2 = 2: columns 2..6 come back.
   Plane* snapshot = undoPenImage;
   Then({{5, 5, kRight}});
   EXPECT_EQ(RunFreehandStroke(canvas, 0, 0, 1), 1);
   EXPECT_EQ(undoPenImage, snapshot);
-  EXPECT_EQ((std::vector<Colour>{Pixel(image, 3, 3), Pixel(image, 5, 5), Pixel(image, 6, 6),
-                                 Pixel(image, 7, 7)}),
+  EXPECT_EQ((std::vector<Colour>{PixelRgb(image, 3, 3), PixelRgb(image, 5, 5),
+                                 PixelRgb(image, 6, 6), PixelRgb(image, 7, 7)}),
             (std::vector<Colour>{white, {1, 2, 3}, white, black}));
 
   // Q counts as the right button; choosing an action drops the snapshot.

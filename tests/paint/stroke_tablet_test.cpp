@@ -100,9 +100,8 @@ TEST_F(TabletTest, TabletStrokePaintsOnlyWhenPacketsCome) {
   packets = {{255, 0, 0}, {255, 0, 40}};
   Then({{12, 50, kLeft}});
   EXPECT_EQ(RunConnectedStroke(canvas, 0, 0, 0), 1);
-  uint32_t r = 255, g = 255, b = 255;
-  PlaneStore.ReadPixel24(canvas->planes[0].plane, 12, 50, &r, &g, &b);
-  EXPECT_LT(r + g + b, 3 * 255);
+  const auto rgb = PixelRgb(canvas->planes[0].plane, 12, 50);
+  EXPECT_LT(rgb[0] + rgb[1] + rgb[2], 3 * 255);
   EXPECT_EQ(UndoHistory.entries[0].kind, kUndoRect);
 }
 

@@ -28,6 +28,7 @@
 #include "platform/headless/headless.h"
 #include "settings/settings.h"
 #include "support/fixture.h"
+#include "support/planes.h"
 
 namespace stroketest {
 

@@ -15,16 +15,6 @@ namespace fs = std::filesystem;
 
 class DotPenTest : public PenTest {
  protected:
-  // A white picture with the given pixels (x, y, red, green, blue), saved
-  // as a BMP.
-  static void SavePicture(const fs::path& path, int width, int height,
-                          std::initializer_list<std::array<int, 5>> dots) {
-    fs::create_directories(path.parent_path());
-    Plane* picture = PlaneStore.CreatePlane(width, height, 24, 255, 1, Physical);
-    for (auto d : dots) PlaneStore.WritePixel24(picture, d[0], d[1], d[2], d[3], d[4]);
-    ASSERT_EQ(1, SaveBmp(picture, path.string()));
-    PlaneStore.FreePlane(&picture);
-  }
   static Raster TipOf(Plane* tip) {
     Raster raster = Read(tip);
     PlaneStore.FreePlane(&tip);
@@ -36,25 +26,24 @@ class DotPenTest : public PenTest {
 };
 
 TEST_F(DotPenTest, TipIsTheBoxOfWhatIsNotWhiteCutTo256) {
-  fs::path file = scratch.path / "pen.bmp";
   // Only pixels whose largest channel is below 255 count: pure yellow at
   // (10, 7) does not, the near white at (2, 5) does. Box x 2..6, y 2..5.
-  SavePicture(file, 12, 9,
+  SavePicture("pen.bmp", 12, 9,
               {{3, 4, 0, 0, 0},
                {6, 2, 30, 60, 92},
                {4, 4, 255, 0, 0},
                {10, 7, 255, 255, 0},
                {2, 5, 254, 254, 254}});
-  Raster tip = TipOf(LoadDotTip(file.string()));
+  Raster tip = TipOf(LoadDotTip(scratch / "pen.bmp"));
   ASSERT_EQ(std::make_pair(5, 4), std::make_pair(tip.width, tip.height));
   // Black, 255 - 182 / 3, red inside the box 255 - 255 / 3, 255 - 254, white.
   EXPECT_EQ((Bytes{255, 195, 170, 1, 0}),
             (Bytes{tip.at(1, 2), tip.at(4, 0), tip.at(2, 2), tip.at(0, 3), tip.at(0, 0)}));
   // All white, no file at all, or a broken one: one pixel of nothing.
-  SavePicture(scratch.path / "white.bmp", 7, 5, {});
-  std::ofstream(scratch.path / "broken.bmp", std::ios::binary) << "BM broken";
+  SavePicture("white.bmp", 7, 5, {});
+  scratch.WriteText("broken.bmp", "BM broken");
   for (const char* name : {"white.bmp", "missing.bmp", "broken.bmp"})
-    EXPECT_EQ((Raster{1, 1, {0}}), TipOf(LoadDotTip((scratch.path / name).string()))) << name;
+    EXPECT_EQ((Raster{1, 1, {0}}), TipOf(LoadDotTip(scratch / name))) << name;
   // A grey picture, its box cut to the top left 256 columns.
   Plane* grey = PlaneStore.CreatePlane(300, 4, 8, 255, 1, Physical);
   PlaneStore.WritePixel8(grey, 0, 1, 100);
@@ -66,15 +55,15 @@ TEST_F(DotPenTest, TipIsTheBoxOfWhatIsNotWhiteCutTo256) {
 }
 
 TEST_F(DotPenTest, FoldersAndFilesAreListedInByteOrderUpToTheirLimits) {
-  fs::path pendata = scratch.path / "pendata";
+  const fs::path pendata = scratch / "pendata";
   for (const char* family : {"b", "B", "a"}) fs::create_directories(pendata / family);
   fs::create_directories(pendata / std::string(40, 'x'));  // a name too long
-  SavePicture(pendata / "a" / "z.bmp", 4, 4, {{1, 1, 0, 0, 0}});
-  SavePicture(pendata / "a" / "Y.BMP", 4, 4, {{2, 3, 0, 0, 0}});
-  std::ofstream(pendata / "a" / "notes.txt") << "not a pen";
-  std::ofstream(pendata / "c.bmp") << "a file, not a family";
+  SavePicture("pendata/a/z.bmp", 4, 4, {{1, 1, 0, 0, 0}});
+  SavePicture("pendata/a/Y.BMP", 4, 4, {{2, 3, 0, 0, 0}});
+  scratch.WriteText("pendata/a/notes.txt", "not a pen");
+  scratch.WriteText("pendata/c.bmp", "a file, not a family");
 
-  ASSERT_EQ(3, PenDataList.Read(scratch.Prefix()));
+  ASSERT_EQ(3, PenDataList.Read(scratch.path()));
   EXPECT_EQ((std::vector<std::string>{"B", "a", "b"}), Names(PenDataList.folders, 3));
   EXPECT_EQ(0, PenDataList.fileCount);  // "B" is empty
   EXPECT_EQ(1, PenDataList.NextFolder());
@@ -89,14 +78,14 @@ TEST_F(DotPenTest, FoldersAndFilesAreListedInByteOrderUpToTheirLimits) {
   EXPECT_EQ(1, PenDataList.NextFolder());  // wraps to the first
   EXPECT_EQ(0, PenDataList.folderInUse);
 
-  scratch.Renew();
+  fs::remove_all(pendata);
   for (int i = 0; i < 25; ++i) fs::create_directories(pendata / ("f" + std::to_string(100 + i)));
   for (int i = 0; i < 35; ++i) std::ofstream(pendata / "f100" / (std::to_string(100 + i) + ".bmp"));
-  ASSERT_EQ(kPenFolderLimit, PenDataList.Read(scratch.Prefix()));
+  ASSERT_EQ(kPenFolderLimit, PenDataList.Read(scratch.path()));
   EXPECT_STREQ("f119", PenDataList.folders[19]);
   EXPECT_EQ(kPenFileLimit, PenDataList.fileCount);
   EXPECT_STREQ("129.bmp", PenDataList.files[29]);
-  EXPECT_EQ(0, PenDataList.Read(scratch.Prefix() + "nowhere/"));  // no pendata at all
+  EXPECT_EQ(0, PenDataList.Read(scratch.path() + "nowhere/"));  // no pendata at all
   EXPECT_EQ(0, PenDataList.NextFolder());
   EXPECT_EQ(0, PenDataList.PickDotPen(0));
 }

@@ -3,8 +3,6 @@
 #include "paint/tip/tip_panels.h"
 
 #include <cstring>
-#include <fstream>
-#include <iterator>
 
 #include "paint/tip/pen_pattern.h"
 #include "paint/tip/pen_sizes.h"
@@ -32,14 +30,8 @@ class PanelTest : public PenTest {
       entries.emplace_back(penSizes.column[0][i], penSizes.column[1][i]);
     return entries;
   }
-  static std::vector<std::string> BoxTexts() {
-    std::vector<std::string> texts;
-    for (const auto& box : headless::Recorded().boxes) texts.push_back(box.text);
-    return texts;
-  }
-  static void WritePenFile(int slot, const Bytes& bytes, size_t size) {
-    std::ofstream(scratch.path / ("pen0" + std::to_string(slot)), std::ios::binary)
-        .write(reinterpret_cast<const char*>(bytes.data()), std::streamsize(size));
+  void WritePenFile(int slot, const Bytes& bytes, size_t size) const {
+    scratch.Write("pen0" + std::to_string(slot), Bytes(bytes.begin(), bytes.begin() + size));
   }
   static auto Radii() { return std::make_pair(pen.radiusX, pen.radiusY); }
   static auto TipSize() { return std::make_pair(pen.tipHigh->width, pen.tipHigh->height); }
@@ -130,7 +122,7 @@ TEST_F(PanelTest, SizeListPicksAndDeletesAfterAsking) {
 TEST_F(PanelTest, StoredPenFileHoldsTheTipAndStrengthsOnly) {
   SetPen();
   pen.red = 12, pen.mode = 6;
-  ASSERT_EQ(1, SavePen(scratch.Prefix(), 4));
+  ASSERT_EQ(1, SavePen(scratch.path(), 4));
   // Shape, file, folder, thickness, density; the radii as doubles, little-
   // endian: 3.25 = 0x400A000000000000, 0.5 = 0x3FE0000000000000.
   Bytes expected(200, 0);
@@ -144,12 +136,11 @@ TEST_F(PanelTest, StoredPenFileHoldsTheTipAndStrengthsOnly) {
                            {24, 0xE0},
                            {25, 0x3F}})
     expected[at] = uint8_t(value);
-  std::ifstream in(scratch.path / "pen04", std::ios::binary);
-  EXPECT_EQ(expected, Bytes(std::istreambuf_iterator<char>(in), {}));
+  EXPECT_EQ(expected, scratch.Read("pen04"));
 
   pen.tipShape = 2, pen.colorThickness = pen.density = 255, pen.radiusX = pen.radiusY = 40;
   pen.red = 99, tipState.dotTipActive = 1;
-  ASSERT_EQ(1, LoadPen(scratch.Prefix(), 4));
+  ASSERT_EQ(1, LoadPen(scratch.path(), 4));
   // Colour and mode are not stored; the brush panel is back, the tip rebuilt.
   EXPECT_EQ(std::make_tuple(pen.tipShape, pen.colorThickness, pen.density, pen.radiusX, pen.radiusY,
                             pen.red, pen.mode, tipState.dotTipActive),
@@ -157,49 +148,46 @@ TEST_F(PanelTest, StoredPenFileHoldsTheTipAndStrengthsOnly) {
   EXPECT_EQ(TipSize(), std::make_pair(8, 2));
 
   // The Shift key stores and says so; the key alone loads.
-  ASSERT_EQ(1, StoredPenKey(scratch.Prefix(), 3, true));
-  EXPECT_EQ(0, StoredPenKey(scratch.Prefix() + "nowhere/", 3, true));  // not stored: not said
+  ASSERT_EQ(1, StoredPenKey(scratch.path(), 3, true));
+  EXPECT_EQ(0, StoredPenKey(scratch.path() + "nowhere/", 3, true));  // not stored: not said
   pen.tipShape = 0;
-  ASSERT_EQ(1, StoredPenKey(scratch.Prefix(), 3, false));
+  ASSERT_EQ(1, StoredPenKey(scratch.path(), 3, false));
   EXPECT_EQ(13, pen.tipShape);
   EXPECT_EQ(BoxTexts(), std::vector<std::string>{"Now registered to [3]!"});
 
   // A dot pen comes back from its folder.
-  std::filesystem::create_directories(scratch.path / "pendata" / "f");
-  Plane* picture = PlaneStore.CreatePlane(3, 2, 8, 0, 1, Physical);
-  ASSERT_EQ(1, SaveBmp(picture, (scratch.path / "pendata" / "f" / "a.bmp").string()));
-  PlaneStore.FreePlane(&picture);
-  PenDataList.Read(scratch.Prefix());
+  SaveAndFree(PlaneStore.CreatePlane(3, 2, 8, 0, 1, Physical), "pendata/f/a.bmp");
+  PenDataList.Read(scratch.path());
   PenDataList.PickDotPen(0);
   tipState.dotPenPanel = 1;
-  ASSERT_EQ(1, SavePen(scratch.Prefix(), 1));
+  ASSERT_EQ(1, SavePen(scratch.path(), 1));
   PlaneStore.FreePlane(&tipState.dotTip);
   tipState.dotPenPanel = 0;
-  ASSERT_EQ(1, LoadPen(scratch.Prefix(), 1));
+  ASSERT_EQ(1, LoadPen(scratch.path(), 1));
   EXPECT_EQ(std::make_pair(tipState.dotPenPanel, tipState.dotTipActive), std::make_pair(1, 1));
   EXPECT_EQ((Raster{3, 2, Bytes(6, 255)}), Read(tipState.dotTip));
 }
 
 TEST_F(PanelTest, BadStoredPenFilesAndSlotsLeaveThePenAlone) {
   SetPen();
-  EXPECT_EQ(0, SavePen(scratch.Prefix(), 0));
-  EXPECT_EQ(0, SavePen(scratch.Prefix(), 10));
-  EXPECT_EQ(0, SavePen(scratch.Prefix() + "nowhere/", 1));
-  EXPECT_EQ(0, LoadPen(scratch.Prefix(), 5));  // missing
+  EXPECT_EQ(0, SavePen(scratch.path(), 0));
+  EXPECT_EQ(0, SavePen(scratch.path(), 10));
+  EXPECT_EQ(0, SavePen(scratch.path() + "nowhere/", 1));
+  EXPECT_EQ(0, LoadPen(scratch.path(), 5));  // missing
   Bytes file(200, 0);
   file[1] = 16;  // no such shape
   WritePenFile(5, file, 200);
-  EXPECT_EQ(0, LoadPen(scratch.Prefix(), 5));
+  EXPECT_EQ(0, LoadPen(scratch.path(), 5));
   file[1] = 3;
   WritePenFile(5, file, 199);
-  EXPECT_EQ(0, LoadPen(scratch.Prefix(), 5));  // short
+  EXPECT_EQ(0, LoadPen(scratch.path(), 5));  // short
   EXPECT_EQ(std::make_tuple(pen.tipShape, pen.radiusX, pen.tipHigh),
             std::make_tuple(13, 3.25, nullptr));
   // Radii out of range are brought in, as at start.
   const double radii[2] = {1e300, -2};
   std::memcpy(&file[10], radii, sizeof radii);
   WritePenFile(5, file, 200);
-  ASSERT_EQ(1, LoadPen(scratch.Prefix(), 5));
+  ASSERT_EQ(1, LoadPen(scratch.path(), 5));
   EXPECT_EQ(Radii(), std::make_pair(127.0, 0.0));
 }
 
@@ -216,11 +204,9 @@ TEST_F(PanelTest, PatternAsksWhetherToBeATip) {
   ASSERT_EQ(1, SetPenPattern("p.bmp", image(4, 4), nullptr));  // a bmp without its mask
   EXPECT_EQ(1u, headless::Recorded().boxes.size());
   // A bmp with a mask beside it takes the mask and asks.
-  Plane* mask = PlaneStore.CreatePlane(4, 4, 8, 60, 1, Physical);
-  ASSERT_EQ(1, SaveBmp(mask, (scratch.path / "m.bmm").string()));
-  PlaneStore.FreePlane(&mask);
+  SaveAndFree(PlaneStore.CreatePlane(4, 4, 8, 60, 1, Physical), "m.bmm");
   headless::Recorded().boxAnswers = {platform::IdNo};
-  ASSERT_EQ(1, SetPenPattern((scratch.path / "m.bmp").string(), image(4, 4),
+  ASSERT_EQ(1, SetPenPattern(scratch / "m.bmp", image(4, 4),
                              PlaneStore.CreatePlane(4, 4, 8, 0, 1, Physical)));
   EXPECT_EQ(std::make_pair(headless::Recorded().boxes.size(), tipState.patternIsTip),
             std::make_pair(size_t{2}, 0));

@@ -1,10 +1,10 @@
 // Shared set-up of the pen and tip tests: a clean seam and pen before each
-// test, rasters read back as byte vectors, and a scratch folder per run.
+// test, rasters read back as byte vectors, and a scratch folder per test.
 #pragma once
 
 #include <gtest/gtest.h>
-#include <unistd.h>
 
+#include <array>
 #include <cstdint>
 #include <filesystem>
 #include <string>
@@ -14,8 +14,11 @@
 #include "paint/tip/pen_record.h"
 #include "paint/tip/tip.h"
 #include "platform/headless/headless.h"
+#include "store/dib.h"
 #include "store/plane_store.h"
 #include "support/fixture.h"
+#include "support/planes.h"
+#include "support/temp_folder.h"
 
 namespace tiptest {
 
@@ -29,37 +32,11 @@ struct Raster {
 };
 
 inline Raster Read(Plane* plane) {
-  Raster raster;
-  if (!plane) return raster;
-  raster.width = plane->width;
-  raster.height = plane->height;
-  raster.bytes.resize(size_t(plane->width) * plane->height);
-  for (int y = 0; y < plane->height; ++y)
-    PlaneStore.ReadRow(plane, y, 0, plane->width - 1, &raster.bytes[size_t(y) * plane->width]);
-  return raster;
+  return plane ? Raster{plane->width, plane->height, PlaneBytes(plane)} : Raster{};
 }
-
-// A folder of this run, emptied before each test and removed at the end.
-struct ScratchFolder {
-  std::filesystem::path path =
-      std::filesystem::temp_directory_path() / ("tesel_paint_tests_" + std::to_string(getpid()));
-  ~ScratchFolder() { std::filesystem::remove_all(path); }
-  void Renew() {
-    std::filesystem::remove_all(path);
-    std::filesystem::create_directories(path);
-  }
-  // The folder with its trailing separator, as the program folder is given.
-  std::string Prefix() const { return path.string() + "/"; }
-};
-
-inline ScratchFolder scratch;
 
 class PenTest : public TeselTest {
  protected:
-  void SetUp() override {
-    TeselTest::SetUp();
-    scratch.Renew();
-  }
   // The generated tip of a shape and radii.
   static void Build(int shape, double rx, double ry) {
     pen.tipShape = shape;
@@ -67,6 +44,22 @@ class PenTest : public TeselTest {
     pen.radiusY = ry;
     ASSERT_EQ(1, BuildTip());
   }
+  // Saved as a BMP at `name` in the folder, its folders made, and freed.
+  void SaveAndFree(Plane* picture, const std::string& name) const {
+    std::filesystem::create_directories(std::filesystem::path(scratch / name).parent_path());
+    EXPECT_EQ(1, SaveBmp(picture, scratch / name)) << name;
+    PlaneStore.FreePlane(&picture);
+  }
+  // A white picture with the given pixels (x, y, red, green, blue).
+  void SavePicture(const std::string& name, int width, int height,
+                   std::initializer_list<std::array<int, 5>> dots) const {
+    Plane* picture = PlaneStore.CreatePlane(width, height, 24, 255, 1, Physical);
+    for (auto d : dots) PlaneStore.WritePixel24(picture, d[0], d[1], d[2], d[3], d[4]);
+    SaveAndFree(picture, name);
+  }
+
+  // The test's folder; its path ends in a separator, as the program folder is given.
+  TempFolder scratch;
 };
 
 }  // namespace tiptest

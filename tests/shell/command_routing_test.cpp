@@ -9,18 +9,13 @@
 #include "base/command_table.h"
 #include "shell/history_menu.h"
 #include "shell_fixture.h"
+#include "support/planes.h"
 #include "support/temp_folder.h"
 
 namespace {
 
 using Routing = ShellTest;
 using Strings = std::vector<std::string>;
-
-uint32_t Byte8(Plane* plane, int x, int y) {
-  uint32_t value = 999;
-  PlaneStore.ReadPixel8(plane, x, y, &value);
-  return value;
-}
 
 TEST_F(Routing, TableHoldsEveryRangeOnceWithItsOwner) {
   int count = 0;
@@ -184,17 +179,16 @@ TEST_F(Routing, ClearingCommandsAskTheirQuestionsFirst) {
   PlaneStore.WritePixel8(mask, 2, 1, 77);
   PlaneStore.WritePixel8(transparency, 0, 0, 5);
   auto sum = [&](int x, int y) {
-    uint32_t r, g, b;
-    PlaneStore.ReadPixel24(canvas->planes[0].plane, x, y, &r, &g, &b);
-    return r + g + b;
+    const auto rgb = PixelRgb(canvas->planes[0].plane, x, y);
+    return rgb[0] + rgb[1] + rgb[2];
   };
 
   headless::Recorded().boxAnswers = {platform::IdCancel, platform::IdOk, platform::IdOk};
   RouteCommand(21013, 0);
-  EXPECT_EQ(std::make_tuple(Byte8(mask, 2, 1), canvas->modified), std::make_tuple(77u, 0u));
+  EXPECT_EQ(std::make_tuple(PixelValue(mask, 2, 1), canvas->modified), std::make_tuple(77u, 0u));
   RouteCommand(21013, 0);
   RouteCommand(21014, 0);
-  EXPECT_EQ(std::make_tuple(Byte8(mask, 2, 1), Byte8(transparency, 0, 0)),
+  EXPECT_EQ(std::make_tuple(PixelValue(mask, 2, 1), PixelValue(transparency, 0, 0)),
             std::make_tuple(0u, 255u));
   EXPECT_EQ(std::tie(canvas->modified, snapshots), std::make_tuple(1u, 2));
   RouteCommand(21015, 0);  // Negative asks nothing: white turns black
@@ -209,7 +203,7 @@ TEST_F(Routing, ClearingCommandsAskTheirQuestionsFirst) {
   PlaneStore.WritePixel8(mask, 0, 0, 9);
   headless::Recorded().boxAnswers = {platform::IdOk};
   RouteCommand(21012, 0);
-  EXPECT_EQ(Byte8(mask, 0, 0), 0u);
+  EXPECT_EQ(PixelValue(mask, 0, 0), 0u);
   EXPECT_EQ(BoxTexts(), (Strings{"Mask will be cleared.", "Mask will be cleared.",
                                  "Transparency will be cleared.", "This Plane will be cleared."}));
   EXPECT_EQ(snapshots, 5);

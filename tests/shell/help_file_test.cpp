@@ -5,15 +5,10 @@
 
 #include "platform/headless/headless.h"
 #include "shell/help_file.h"
+#include "support/fixture.h"
 #include "support/temp_folder.h"
 
 namespace {
-
-std::vector<std::string> BoxTexts() {
-  std::vector<std::string> texts;
-  for (const auto& box : headless::Recorded().boxes) texts.push_back(box.text);
-  return texts;
-}
 
 TEST(HelpFile, OpensTheDocumentBesideTheProgramOrSaysWhyNot) {
   headless::Reset();

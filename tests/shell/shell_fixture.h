@@ -62,11 +62,5 @@ class ShellTest : public TeselTest {
     CloseDocument(canvas);
   }
 
-  static std::vector<std::string> BoxTexts() {
-    std::vector<std::string> texts;
-    for (const auto& box : headless::Recorded().boxes) texts.push_back(box.text);
-    return texts;
-  }
-
   std::vector<Canvas*> open;
 };

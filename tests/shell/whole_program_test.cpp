@@ -8,6 +8,7 @@
 #include "paint/tip/tip.h"
 #include "shell/install.h"
 #include "shell_fixture.h"
+#include "support/planes.h"
 #include "support/temp_folder.h"
 
 namespace {
@@ -21,9 +22,8 @@ class WholeProgram : public ShellTest {
     InstallSubsystems(folder.path());
   }
   static bool Painted(Canvas* canvas, int x, int y) {
-    uint32_t r = 0, g = 0, b = 0;
-    PlaneStore.ReadPixel24(canvas->planes[0].plane, x, y, &r, &g, &b);
-    return r + g + b < 3 * 255;
+    const auto rgb = PixelRgb(canvas->planes[0].plane, x, y);
+    return rgb[0] + rgb[1] + rgb[2] < 3 * 255;
   }
   TempFolder folder;
 };

@@ -1,38 +1,22 @@
 // BMP files and Dib tiles: saved bytes checked by hand, files of every depth
 // loaded and saved again, broken and mutated files refused without harm.
-#include <unistd.h>
-
-#include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <string>
 #include <tuple>
 
 #include "store/dib.h"
 #include "store_test_support.h"
+#include "support/temp_folder.h"
 
 namespace {
 
 using namespace storetest;
 
 // The files of this run, in a folder removed when the program ends.
-struct TempFolder {
-  std::filesystem::path path =
-      std::filesystem::temp_directory_path() / ("tesel_bmp_tests_" + std::to_string(getpid()));
-  TempFolder() { std::filesystem::create_directories(path); }
-  ~TempFolder() { std::filesystem::remove_all(path); }
-  std::string operator/(const std::string& name) const { return (path / name).string(); }
-} const temp;
+const TempFolder temp;
 
-Bytes ReadBytes(const std::string& path) {
-  std::ifstream in(path, std::ios::binary);
-  return Bytes(std::istreambuf_iterator<char>(in), {});
-}
-
-const std::string& WriteFile(const Bytes& file) {
-  static const std::string path = temp / "load.bmp";
-  std::ofstream(path, std::ios::binary).write(reinterpret_cast<const char*>(file.data()), file.size());
-  return path;
+std::string WriteFile(const Bytes& file) {
+  temp.Write("load.bmp", file);
+  return temp / "load.bmp";
 }
 
 Plane* LoadBytes(const Bytes& file) { return Kept(LoadBmp(WriteFile(file))); }
@@ -83,12 +67,12 @@ TEST_F(StoreTest, SavedPlanesAndTilesHaveTheirHeadersAndBottomUpRows) {
   ASSERT_EQ(1, SaveBmp(plane, path));
   Bytes expected = Headers(78, 54, 3, 2, 24);
   expected.insert(expected.end(), {10, 11, 12, 13, 14, 15, 16, 17, 18, 0, 0, 0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 0, 0, 0});
-  EXPECT_EQ(expected, ReadBytes(path));
+  EXPECT_EQ(expected, temp.Read("saved.bmp"));
   EXPECT_EQ(0, headless::Recorded().waitCursorDepth);
   plane = PlaneOf(Pixels{5, 3, 1, Bytes(15, 1)}, Virtual);
   plane->palette[7][0] = 70;  // the plane's table goes out as it stands
   ASSERT_EQ(1, SaveBmp(plane, path));
-  const Bytes file = ReadBytes(path);
+  const Bytes file = temp.Read("saved.bmp");
   ASSERT_EQ(1102u, file.size());  // 54 + 1024 + 3 rows of 8
   EXPECT_EQ(Headers(1102, 1078, 5, 3, 8), Slice(file, 0, 54));
   EXPECT_EQ((Bytes{70, 7, 7, 0}), Slice(file, 54 + 4 * 7, 54 + 4 * 8));
@@ -104,7 +88,7 @@ TEST_F(StoreTest, SavedPlanesAndTilesHaveTheirHeadersAndBottomUpRows) {
   ASSERT_EQ(1, SaveTileBmp(tile, path));
   expected = Headers(70, 62, 10, 2, 1);
   expected.insert(expected.end(), {0, 0, 0, 0, 255, 255, 255, 0, 0, 0, 0, 0, 0x80, 0x40, 0, 0});
-  EXPECT_EQ(expected, ReadBytes(path));
+  EXPECT_EQ(expected, temp.Read("saved.bmp"));
   EXPECT_EQ(0, SaveTileBmp(tile, temp / "no/such/tile.bmp"));
   FreeTile(&tile);
   EXPECT_EQ(nullptr, tile);

@@ -12,6 +12,7 @@
 #include "settings/settings.h"
 #include "store/plane_store.h"
 #include "support/fixture.h"
+#include "support/planes.h"
 
 namespace storetest {
 
@@ -56,19 +57,11 @@ inline Plane* NewPlane(int width, int height, int bits, int fill, int doFill, ui
 }
 
 inline Plane* PlaneOf(const Pixels& p, uint32_t kind) {
-  Plane* plane = NewPlane(p.width, p.height, p.channels * 8, 0, 0, kind);
-  for (int y = 0; y < p.height; y++) PlaneStore.WriteRow(plane, y, 0, p.width - 1, p.row(y));
-  return plane;
+  return Kept(PlaneOfBytes(p.width, p.height, p.channels * 8, p.bytes, kind));
 }
 
 inline Pixels PixelsOf(Plane* plane) {
-  Pixels p{plane->width, plane->height, int(plane->bytesPerPixel), {}};
-  Bytes row(plane->stride);
-  for (int y = 0; y < p.height; y++) {
-    EXPECT_EQ(1, PlaneStore.ReadRow(plane, y, 0, p.width - 1, row.data()));
-    p.bytes.insert(p.bytes.end(), row.begin(), row.begin() + p.width * p.channels);
-  }
-  return p;
+  return {plane->width, plane->height, int(plane->bytesPerPixel), PlaneBytes(plane)};
 }
 
 // New work planes are Physical unless a kind test says otherwise.

@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <memory>
+#include <string>
 #include <vector>
 
 #include "base/reset.h"
@@ -56,3 +57,10 @@ class TeselTest : public ::testing::Test {
 
   std::vector<std::unique_ptr<Canvas>> canvases;
 };
+
+// The texts of the message boxes shown so far, in order.
+inline std::vector<std::string> BoxTexts() {
+  std::vector<std::string> texts;
+  for (const headless::ShownBox& box : headless::Recorded().boxes) texts.push_back(box.text);
+  return texts;
+}
