@@ -127,6 +127,6 @@ TEST_P(ComposeBlend, HandWorkedPictures) {
   EXPECT_EQ(Row(0, 1, 32), Repeated({22, 43, 90}, 33));
 }
 
-INSTANTIATE_TEST_SUITE_P(Kernels, ComposeBlend, ::testing::Bool(), KernelName);
+INSTANTIATE_TEST_SUITE_P(Kernels, ComposeBlend, ::testing::Bool(), PathName);
 
 }  // namespace

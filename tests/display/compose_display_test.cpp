@@ -99,6 +99,6 @@ TEST_P(ComposeDisplay, CoverageOfTheStackAndOfOneLayer) {
   EXPECT_EQ(LayerCoverageRow(canvas.get(), 7, 0, 9, out.data(), 1024), 0);
 }
 
-INSTANTIATE_TEST_SUITE_P(Kernels, ComposeDisplay, ::testing::Bool(), KernelName);
+INSTANTIATE_TEST_SUITE_P(Kernels, ComposeDisplay, ::testing::Bool(), PathName);
 
 }  // namespace

@@ -18,6 +18,7 @@
 #include "platform/headless/headless.h"
 #include "settings/settings.h"
 #include "support/fixture.h"
+#include "support/vector_paths.h"
 
 enum class Fill { Random, Edges, Constant };
 
@@ -126,7 +127,3 @@ class ComposeTest : public TeselTest, public ::testing::WithParamInterface<bool>
   std::unique_ptr<Canvas> canvas;
   std::mt19937 rng{12345};
 };
-
-inline std::string KernelName(const ::testing::TestParamInfo<bool>& info) {
-  return info.param ? "Vector" : "Scalar";
-}

@@ -64,6 +64,6 @@ TEST_P(ComposeShading, CheckCellsAreEightCanvasPixels) {
   EXPECT_EQ(Row(0, 0, 0, true), (std::vector<uint8_t>{2, 2, 2}));
 }
 
-INSTANTIATE_TEST_SUITE_P(Kernels, ComposeShading, ::testing::Bool(), KernelName);
+INSTANTIATE_TEST_SUITE_P(Kernels, ComposeShading, ::testing::Bool(), PathName);
 
 }  // namespace

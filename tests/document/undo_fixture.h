@@ -13,7 +13,6 @@ class UndoTest : public CanvasTest {
  protected:
   void SetUp() override {
     CanvasTest::SetUp();
-    UndoHistory.Reset();
     UndoHistory.repaint = [this](Canvas*) { ++repaints; };
     settings.undoCount = 3;
   }

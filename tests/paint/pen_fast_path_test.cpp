@@ -7,6 +7,7 @@
 #include "paint/modes/dab_rows_avx2.h"
 #include "pen_mode_support.h"
 #include "pixel/vector_paths.h"
+#include "support/vector_paths.h"
 
 namespace {
 
@@ -16,10 +17,8 @@ unsigned Mix(unsigned keep, unsigned put, unsigned a) {
   return std::min(255u, ref::Mul(keep, 255 - a) + ref::Mul(put, a));
 }
 
-class RowKernels : public ::testing::TestWithParam<bool> {
+class RowKernels : public BothPathsTest {
  protected:
-  void SetUp() override { UseVectorPaths(GetParam()); }
-  void TearDown() override { UseVectorPaths(true); }
   // n values from f(i), then slack of zeros.
   template <typename F>
   static std::vector<uint8_t> Row(int n, F f) {
@@ -140,8 +139,7 @@ TEST_P(RowKernels, ColourBlendOfEveryPair) {
   }
 }
 
-INSTANTIATE_TEST_SUITE_P(Pen, RowKernels, ::testing::Bool(),
-                         [](const auto& info) { return info.param ? "Vector" : "Scalar"; });
+INSTANTIATE_TEST_SUITE_P(Pen, RowKernels, ::testing::Bool(), PathName);
 
 // The Over blend's division, by reciprocals and in single floats, for every
 // sum it can be given by every coverage sum n (0 standing for 1 in floats).

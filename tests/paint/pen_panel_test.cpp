@@ -39,11 +39,7 @@ class PenPanelTest : public PenTest {
  protected:
   void SetUp() override {
     PenTest::SetUp();
-    ResetPenModes();
-    StrokeEngine.Reset();
-    penSizes.Clear();
     penSizes.column[0][0] = penSizes.column[1][0] = 1;
-    tipState.dotTilePage = 0;
   }
   void TearDown() override {
     PlaneStore.FreePlane(&tipState.dotTip);

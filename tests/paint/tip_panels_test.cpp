@@ -21,7 +21,6 @@ class PanelTest : public PenTest {
  protected:
   void SetUp() override {
     PenTest::SetUp();
-    penSizes.Clear();
     penSizes.column[0][0] = penSizes.column[1][0] = 1;
   }
   static Sizes Entries() {

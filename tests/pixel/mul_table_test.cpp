@@ -7,16 +7,12 @@
 #include <vector>
 
 #include "pixel/mix_rows.h"
-#include "pixel/vector_paths.h"
 #include "support/pixel_reference.h"
+#include "support/vector_paths.h"
 
 namespace {
 
-class RowKernels : public ::testing::TestWithParam<bool> {
- protected:
-  void SetUp() override { UseVectorPaths(GetParam()); }
-  void TearDown() override { UseVectorPaths(true); }
-};
+using RowKernels = BothPathsTest;
 
 constexpr int kPairs = 65536;
 
@@ -99,7 +95,6 @@ TEST_P(RowKernels, EveryModeForEveryPair) {
   }
 }
 
-INSTANTIATE_TEST_SUITE_P(Kernels, RowKernels, ::testing::Bool(),
-                         [](const auto& info) { return info.param ? "Vector" : "Scalar"; });
+INSTANTIATE_TEST_SUITE_P(Kernels, RowKernels, ::testing::Bool(), PathName);
 
 }  // namespace

@@ -10,8 +10,9 @@
 
 namespace {
 
-TEST(HelpFile, OpensTheDocumentBesideTheProgramOrSaysWhyNot) {
-  headless::Reset();
+using HelpFile = TeselTest;
+
+TEST_F(HelpFile, OpensTheDocumentBesideTheProgramOrSaysWhyNot) {
   TempFolder folder;
   std::vector<std::string> opened;
   bool shellTakesIt = true;

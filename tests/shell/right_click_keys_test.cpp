@@ -4,13 +4,13 @@
 #include "shell/input_rules.h"
 #include "shell/right_click_keys.h"
 #include "shell/shell_windows.h"
+#include "support/fixture.h"
 
 namespace {
 
-TEST(RightClickKeys, QAndTheContextKeyPressTheRightButtonOutsideAStroke) {
-  StrokeEngine.Reset();
-  documentKeyHooks.Clear();
-  shellWindows = {};
+using RightClickKeys = TeselTest;
+
+TEST_F(RightClickKeys, QAndTheContextKeyPressTheRightButtonOutsideAStroke) {
   int rightClicks = 0;
   shellWindows.rightClickAtPointer = [&] { ++rightClicks; };
   InstallRightClickKeys();
@@ -24,10 +24,6 @@ TEST(RightClickKeys, QAndTheContextKeyPressTheRightButtonOutsideAStroke) {
   StrokeEngine.running = 1;  // polled mid-stroke: no second loop
   key('Q');
   EXPECT_EQ(rightClicks, 2);
-
-  StrokeEngine.Reset();
-  documentKeyHooks.Clear();
-  shellWindows = {};
 }
 
 }  // namespace
