@@ -1,10 +1,11 @@
 // The tiled redraw: which tiles, their scaling (seamless at 150 %),
-// dithering for 16-bit screens, and the grid over them.
+// dithering for 16-bit screens, the grid over them, and the Grid command.
 #include <tuple>
 #include <vector>
 
 #include "display/dither.h"
 #include "display/grid.h"
+#include "display/grid_command.h"
 #include "display/redraw.h"
 #include "display/zoom.h"
 #include "view_fixture.h"
@@ -244,6 +245,62 @@ TEST_F(Redraw, EveryViewPixelOfARepaintIsDrawnAtEveryZoom) {
       EXPECT_EQ(std::make_tuple(missed, wrong, calls), std::make_tuple(0, 0, inside ? 1 : calls))
           << "step " << step << " at " << x0 << "," << y0 << ".." << x1 << "," << y1;
     }
+  }
+}
+
+class GridCommandTest : public TeselTest {
+ protected:
+  void SetUp() override {
+    TeselTest::SetUp();
+    canvas.gridX = canvas.gridY = 16;  // as a new canvas has them
+    viewWindows.gridDialog = [this](GridChoice* choice) {
+      offered.push_back(*choice);
+      *choice = answer;
+      return ok;
+    };
+  }
+  auto Grid() const {
+    return std::make_tuple(canvas.gridOn, canvas.gridX, canvas.gridY, canvas.gridSnap);
+  }
+
+  Canvas canvas{};
+  GridChoice answer{8, 32, 1};
+  std::vector<GridChoice> offered;
+  int ok = 1;
+};
+
+auto Fields(const GridChoice& c) { return std::make_tuple(c.pitchX, c.pitchY, c.snap); }
+
+TEST_F(GridCommandTest, OkShowsTheGridWithTheEnteredPitchAndSnap) {
+  EXPECT_EQ(ToggleGrid(&canvas), 1);
+  EXPECT_EQ(Grid(), std::make_tuple(1u, 8, 32, 1u));
+  // On: the command takes it off without asking, keeping pitch and snap
+  // for the next time, which the dialog then offers.
+  EXPECT_EQ(ToggleGrid(&canvas), 1);
+  EXPECT_EQ(Grid(), std::make_tuple(0u, 8, 32, 1u));
+  answer.snap = 0;
+  ToggleGrid(&canvas);
+  ASSERT_EQ(offered.size(), 2u);
+  EXPECT_EQ(Fields(offered[0]), std::make_tuple(16, 16, 0));
+  EXPECT_EQ(Fields(offered[1]), std::make_tuple(8, 32, 1));
+  EXPECT_EQ(Grid(), std::make_tuple(1u, 8, 32, 0u));
+}
+
+TEST_F(GridCommandTest, CancelOrNoDialogChangesNothingAndPitchIsKeptBetweenTwoAndAThousand) {
+  ok = 0;
+  EXPECT_EQ(ToggleGrid(&canvas), 0);
+  viewWindows.gridDialog = nullptr;
+  EXPECT_EQ(ToggleGrid(&canvas), 0);
+  EXPECT_EQ(Grid(), std::make_tuple(0u, 16, 16, 0u));
+
+  ok = 1;
+  SetUp();
+  for (auto [x, y, keptX, keptY] :
+       {std::array{0, 1, 2, 2}, {-5, 1001, 2, 1000}, {2, 1000, 2, 1000}, {1 << 30, 3, 1000, 3}}) {
+    canvas.gridOn = 0;
+    answer = {x, y, 0};
+    ToggleGrid(&canvas);
+    EXPECT_EQ(std::make_pair(canvas.gridX, canvas.gridY), std::make_pair(keptX, keptY)) << x;
   }
 }
 

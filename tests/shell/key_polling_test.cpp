@@ -1,3 +1,5 @@
+// Keys in a document: those polled while a stroke runs, and Q and the
+// context key pressing the right button outside one.
 #include <gtest/gtest.h>
 
 #include <memory>
@@ -8,7 +10,10 @@
 #include "document/active_canvas.h"
 #include "paint/stroke/stroke_engine.h"
 #include "platform/headless/headless.h"
+#include "shell/input_rules.h"
 #include "shell/key_polling.h"
+#include "shell/right_click_keys.h"
+#include "shell/shell_windows.h"
 #include "support/fixture.h"
 
 namespace {
@@ -96,6 +101,24 @@ TEST_F(KeyPolling, UnderAModalDialogKeysAreWaitedOutAndDropped) {
   StrokeEngine.running = 0;
   held = {0x1B};
   EXPECT_EQ(Tick(), Log{});
+}
+
+using RightClickKeys = TeselTest;
+
+TEST_F(RightClickKeys, QAndTheContextKeyPressTheRightButtonOutsideAStroke) {
+  int rightClicks = 0;
+  shellWindows.rightClickAtPointer = [&] { ++rightClicks; };
+  InstallRightClickKeys();
+  auto key = [](int vk) { DocumentKeyDown(nullptr, vk, false); };
+
+  key('Q');
+  key(0x5D);  // the context key
+  key('W');
+  key(0x1B);  // Esc is not a press
+  EXPECT_EQ(rightClicks, 2);
+  StrokeEngine.running = 1;  // polled mid-stroke: no second loop
+  key('Q');
+  EXPECT_EQ(rightClicks, 2);
 }
 
 }  // namespace

@@ -1,14 +1,18 @@
+// The files beside the program: the file history, the number lists, the
+// help document, and the paths of subfolders.
 #include <gtest/gtest.h>
 
 #include <cstring>
 #include <string>
+#include <vector>
 
 #include "platform/headless/headless.h"
 #include "settings/number_lists.h"
 #include "settings/side_path.h"
 #include "shell/file_history.h"
-#include "support/temp_folder.h"
+#include "shell/help_file.h"
 #include "support/fixture.h"
+#include "support/temp_folder.h"
 
 namespace {
 
@@ -88,6 +92,29 @@ TEST_F(SideFilesTest, PresetListsHoldOneNumberALine) {
 TEST(SidePathTest, SubfoldersTakeTheFoldersSeparator) {
   EXPECT_EQ("C:\\Tesel\\palette\\pal.dat", SidePath("C:\\Tesel\\", "palette\\pal.dat"));
   EXPECT_EQ("/opt/tesel/palette/pal.dat", SidePath("/opt/tesel/", "palette\\pal.dat"));
+}
+
+TEST_F(SideFilesTest, HelpFileOpensBesideTheProgramOrSaysWhyNot) {
+  std::vector<std::string> opened;
+  bool shellTakesIt = true;
+  auto open = [&](const std::string& path) {
+    opened.push_back(path);
+    return shellTakesIt;
+  };
+  const std::string path = folder / "tesel_help.html";
+  const std::string missing = "The help file [" + path + "] cannot be opened!";
+  EXPECT_EQ(OpenHelp(folder.path(), open), 0);
+  EXPECT_TRUE(opened.empty());  // nothing to hand to the shell
+  EXPECT_EQ(BoxTexts(), std::vector<std::string>{missing});
+
+  folder.WriteText("tesel_help.html", "<html></html>");
+  EXPECT_EQ(OpenHelp(folder.path(), open), 1);
+  EXPECT_EQ(opened, std::vector<std::string>{path});
+  EXPECT_EQ(headless::Recorded().boxes.size(), 1u);
+
+  shellTakesIt = false;  // no program for HTML
+  EXPECT_EQ(OpenHelp(folder.path(), open), 0);
+  EXPECT_EQ(BoxTexts(), (std::vector<std::string>{missing, missing}));
 }
 
 }  // namespace
