@@ -2,7 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <cstring>
+#include <iterator>
 #include <memory>
 #include <utility>
 
@@ -20,10 +22,17 @@ constexpr size_t kRecordBytes = 366192;
 constexpr size_t kToolButtonOffOffset = 364220;
 constexpr int kToolRows = 39;  // rows of the tool bar before its end mark
 
-// Offsets of the words that load clamps.
+// Offsets of the words that load clamps, and those tables of them follow.
 constexpr size_t kSelectionHistorySize = 364160, kUndoCount = 364196, kPositionSmoothing = 364696,
                  kImageBuffer = 364724, kWorkBuffer = 364732, kPenStrength = 364636,
                  kSize40to600 = 365124, kLastNewWidth = 365128, kLastNewHeight = 365132;
+constexpr size_t kClamped[] = {kSelectionHistorySize, kUndoCount,    kPositionSmoothing,
+                               kImageBuffer,          kWorkBuffer,   kPenStrength,
+                               kSize40to600,          kLastNewWidth, kLastNewHeight};
+// The words that every load sets, whatever was read: undoBuffer,
+// noMaskPlane, noTransparencyPlane and three more.
+constexpr std::pair<size_t, int32_t> kForced[] = {{364728, 0}, {364628, 0}, {364632, 0},
+                                                  {364208, 1}, {364212, 0}, {364656, 0}};
 
 using Bytes = std::vector<uint8_t>;
 
@@ -31,6 +40,11 @@ void PutWords(Bytes& bytes, std::initializer_list<std::pair<size_t, int32_t>> wo
   for (auto [offset, value] : words)
     for (int k = 0; k < 4; ++k)
       bytes[offset + k] = static_cast<uint8_t>(static_cast<uint32_t>(value) >> (8 * k));
+}
+
+// The clamped words, in the order of kClamped.
+void PutClamped(Bytes& bytes, const std::array<int32_t, std::size(kClamped)>& values) {
+  for (size_t i = 0; i < values.size(); ++i) PutWords(bytes, {{kClamped[i], values[i]}});
 }
 
 Bytes LiveRecord() {
@@ -49,11 +63,9 @@ void ExpectRecord(const Bytes& expected, const Bytes& actual) {
     }
 }
 
-// The words that every load sets, whatever was read: the forced values
-// (undoBuffer, noMaskPlane, noTransparencyPlane and three more), the end of
-// the icon set name, and the transient paths.
+// The forced words, the end of the icon set name, and the transient paths.
 void PutForcedValues(Bytes& bytes) {
-  PutWords(bytes, {{364728, 0}, {364628, 0}, {364632, 0}, {364208, 1}, {364212, 0}, {364656, 0}});
+  for (auto [offset, value] : kForced) PutWords(bytes, {{offset, value}});
   bytes[365123] = 0;
   std::fill(bytes.begin() + 365680, bytes.end(), 0);
 }
@@ -76,21 +88,8 @@ TEST_F(SettingsFilesTest, SavedRecordLoadsBackWithOnlyTheRulesApplied) {
   Bytes record(kRecordBytes);
   for (size_t i = 0; i < kRecordBytes; ++i) record[i] = static_cast<uint8_t>((i * 131 + 7) % 251);
   // One side of each clamp, and every forced word holding the other value.
-  PutWords(record, {{kSelectionHistorySize, 101},
-                    {kUndoCount, 11},
-                    {kPositionSmoothing, 0},
-                    {kImageBuffer, 2},
-                    {kWorkBuffer, -1},
-                    {kPenStrength, 15},
-                    {kSize40to600, 601},
-                    {kLastNewWidth, 9},
-                    {kLastNewHeight, 10241},
-                    {364728, 1},
-                    {364628, 1},
-                    {364632, 1},
-                    {364208, 0},
-                    {364212, 1},
-                    {364656, 1}});
+  PutClamped(record, {101, 11, 0, 2, -1, 15, 601, 9, 10241});
+  for (auto [offset, value] : kForced) PutWords(record, {{offset, 1 - value}});
   std::memcpy(&settings, record.data(), kRecordBytes);
   for (int row = 0; row < kToolRows; ++row) toolItems[row].shown = row % 3 != 0;
   std::filesystem::create_directories(folder / "palette");
@@ -113,15 +112,7 @@ TEST_F(SettingsFilesTest, SavedRecordLoadsBackWithOnlyTheRulesApplied) {
   for (int row = 0; row < kToolRows; ++row) toolItems[row].shown = 7;
   EXPECT_EQ(1, LoadSettings(folder.path()));
   PutForcedValues(saved);
-  PutWords(saved, {{kSelectionHistorySize, 100},
-                   {kUndoCount, 10},
-                   {kPositionSmoothing, 1},
-                   {kImageBuffer, 1},
-                   {kWorkBuffer, 0},
-                   {kPenStrength, 16},
-                   {kSize40to600, 600},
-                   {kLastNewWidth, 640},
-                   {kLastNewHeight, 10240}});
+  PutClamped(saved, {100, 10, 1, 1, 0, 16, 600, 640, 10240});
   ExpectRecord(saved, LiveRecord());
   ExpectToolBar([](int row) { return row % 3 != 0; });
   EXPECT_EQ(kToolListEnd, toolItems[kToolRows].command);
@@ -133,12 +124,7 @@ TEST_F(SettingsFilesTest, WithoutFilesTheZeroRecordIsClamped) {
   EXPECT_EQ(0, LoadSettings(folder.path()));  // no palette file
   Bytes expected(kRecordBytes, 0);
   PutForcedValues(expected);
-  PutWords(expected, {{kSelectionHistorySize, 5},
-                      {kPositionSmoothing, 1},
-                      {kPenStrength, 16},
-                      {kSize40to600, 40},
-                      {kLastNewWidth, 640},
-                      {kLastNewHeight, 480}});
+  PutClamped(expected, {5, 0, 1, 0, 0, 16, 40, 640, 480});
   ExpectRecord(expected, LiveRecord());
   ExpectToolBar([](int) { return true; });
   EXPECT_STREQ("", fileHistory[0]);
@@ -147,16 +133,8 @@ TEST_F(SettingsFilesTest, WithoutFilesTheZeroRecordIsClamped) {
 TEST_F(SettingsFilesTest, ShippedFileIsReadOnlyWithoutTheUsersFile) {
   // Values on the limits stand; forced words read as forced.
   Bytes shipped(kRecordBytes, 0);
-  PutWords(shipped, {{kImageBuffer, 7},
-                     {364728, 1},
-                     {kSelectionHistorySize, 5},
-                     {kUndoCount, 10},
-                     {kPositionSmoothing, 20},
-                     {kWorkBuffer, 1},
-                     {kPenStrength, 200},
-                     {kSize40to600, 40},
-                     {kLastNewWidth, 10},
-                     {kLastNewHeight, 10240}});
+  PutClamped(shipped, {5, 10, 20, 7, 1, 200, 40, 10, 10240});
+  PutWords(shipped, {{364728, 1}});
   folder.Write("env__2.env", shipped);
   LoadSettings(folder.path());
   Bytes expected = shipped;
@@ -183,14 +161,7 @@ TEST_F(SettingsFilesTest, ShortFilesLeaveTheRestOfTheRecordAndThePalette) {
   std::fill(expected.begin(), expected.begin() + 1000, 0xAB);
   std::copy(palette.begin(), palette.end(), expected.begin() + 660);
   PutForcedValues(expected);
-  PutWords(expected, {{kSelectionHistorySize, 100},
-                      {kUndoCount, 10},
-                      {kImageBuffer, 1},
-                      {kWorkBuffer, 1},
-                      {kPenStrength, 200},
-                      {kSize40to600, 600},
-                      {kLastNewWidth, 10240},
-                      {kLastNewHeight, 10240}});
+  PutClamped(expected, {100, 10, 0x11111111, 1, 1, 200, 600, 10240, 10240});
   ExpectRecord(expected, LiveRecord());
   ExpectToolBar([](int) { return false; });
 }
