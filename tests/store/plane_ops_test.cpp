@@ -1,4 +1,5 @@
-// Cropping, pasting and blurring, against references over plain arrays.
+// Cropping, pasting, blurring and resizing, against references over plain
+// arrays; the resampling ones written slowly from their formulas.
 #include <tuple>
 
 #include "store/plane_ops.h"
@@ -72,5 +73,130 @@ TEST_P(StoreKindTest, BoxBlurMatchesTheReference) {
 
 // Every StoreKindTest of this program runs in each storage kind.
 INSTANTIATE_TEST_SUITE_P(Kinds, StoreKindTest, testing::Values(Virtual, Physical, Packed));
+
+// Output (c, r) reads (min(w - 1, w c / W), min(h - 1, h r / H)).
+Pixels Nearest(const Pixels& s, int W, int H) {
+  Pixels out{W, H, s.channels, {}};
+  for (int r = 0; r < H; r++)
+    for (int c = 0; c < W; c++)
+      for (int ch = 0; ch < s.channels; ch++)
+        out.bytes.push_back(s.at(int(std::min<int64_t>(s.width - 1, int64_t{s.width} * c / W)),
+                                 int(std::min<int64_t>(s.height - 1, int64_t{s.height} * r / H)),
+                                 ch));
+  return out;
+}
+
+// Tap weight in 1/256 units for fraction i / 256, truncated.
+int Tap(int kernel, int tap, int i) {
+  const double f = i / 256.0, t = tap == 0 ? f + 1 : tap == 1 ? f : tap == 2 ? 1 - f : 2 - f;
+  if (tap == 1 || tap == 2)
+    return int(256 * (kernel == 1 ? 0.8888888888888888 - 2 * t * t + 1.1666666666666667 * t * t * t
+                                  : 1 - 2 * t * t + t * t * t));
+  return int(256 * (kernel == 1 ? 1.7777777777777777 - 3.3333333333333335 * t + 2 * t * t -
+                                      0.3888888888888889 * t * t * t
+                                : 4 - 8 * t + 5 * t * t - t * t * t));
+}
+
+Pixels Cubic(const Pixels& s, int W, int H, int kernel) {
+  Pixels out{W, H, s.channels, Bytes(size_t(W) * H * s.channels)};
+  int block[4][4][3] = {};  // columns off the plane keep what they held
+  for (int r = 0; r < H; r++) {
+    const int64_t sy = int64_t{r} * s.height / H, fy = (int64_t{r} * s.height - sy * H) * 256 / H;
+    for (int c = 0; c < W; c++) {
+      const int64_t sx = int64_t{c} * s.width / W, fx = (int64_t{c} * s.width - sx * W) * 256 / W;
+      for (int j = 0; j < 4; j++)
+        for (int i = 0, x = int(sx) - 1; i < 4; i++, x++)
+          for (int ch = 0; ch < s.channels && x >= 0 && x < s.width; ch++)
+            block[j][i][ch] = s.at(x, std::clamp(int(sy) - 1 + j, 0, s.height - 1), ch);
+      for (int ch = 0; ch < s.channels; ch++) {
+        int64_t sum = 0;
+        for (int j = 0; j < 4; j++)
+          for (int i = 0; i < 4; i++)
+            sum += Tap(kernel, j, int(fy)) * Tap(kernel, i, int(fx)) * block[j][i][ch];
+        out.at(c, r, ch) = uint8_t(std::clamp<int64_t>(sum >> 16, 0, 255));
+      }
+    }
+  }
+  return out;
+}
+
+// The overlap-weighted mean of the source under each output pixel, rounded.
+Pixels Area(const Pixels& s, int W, int H) {
+  Pixels out{W, H, s.channels, Bytes(size_t(W) * H * s.channels)};
+  for (int r = 0; r < H; r++)
+    for (int c = 0; c < W; c++)
+      for (int ch = 0; ch < s.channels; ch++) {
+        double sum = 0, weights = 0;
+        for (int j = 0; j < s.height; j++)
+          for (int i = 0; i < s.width; i++) {
+            const double ox = std::min((c + 1.0) * s.width / W, i + 1.0) -
+                              std::max(1.0 * c * s.width / W, i + 0.0);
+            const double oy = std::min((r + 1.0) * s.height / H, j + 1.0) -
+                              std::max(1.0 * r * s.height / H, j + 0.0);
+            if (ox <= 0 || oy <= 0) continue;
+            sum += ox * oy * s.at(i, j, ch);
+            weights += ox * oy;
+          }
+        out.at(c, r, ch) = uint8_t(sum / weights + 0.5);
+      }
+  return out;
+}
+
+// Cubic up, area down, cubic up then area down when the axes disagree.
+Pixels Smooth(const Pixels& s, int W, int H, int kernel) {
+  if (W == s.width && H == s.height) return s;
+  if (W >= s.width && H >= s.height) return Cubic(s, W, H, kernel);
+  if (W <= s.width && H <= s.height) return Area(s, W, H);
+  return Area(Cubic(s, std::max(W, s.width), std::max(H, s.height), kernel), W, H);
+}
+
+TEST_P(StoreKindTest, ResizeMatchesTheReferences) {
+  struct Case {
+    int w, h, W, H;
+  };
+  const Case cases[] = {
+      {5, 4, 11, 9}, {6, 6, 7, 13}, {11, 9, 4, 3}, {10, 7, 3, 5},  // enlarge, shrink
+      {6, 9, 13, 4}, {9, 4, 5, 10}, {7, 5, 7, 2},  {7, 5, 7, 5}};  // mixed, one axis, none
+  uint32_t seed = 1;
+  for (int channels : {1, 3}) {
+    for (const Case& k : cases) {
+      const Pixels source = RandomPixels(k.w, k.h, channels, seed++);
+      Plane* plane = PlaneOf(source, GetParam());
+      plane->palette[10][0] = 1;
+      for (int mode = 0; mode < 3;
+           mode++) {  // nearest, then smooth with kernel 2 (asked as 0) and 1
+        SCOPED_TRACE(testing::Message() << "mode " << mode << ", " << channels << " channels, "
+                                        << k.w << "x" << k.h << " to " << k.W << "x" << k.H);
+        Plane* out = Kept(ResizePlane(plane, k.W, k.H, Virtual, mode > 0, mode == 2 ? 1 : 0));
+        const Pixels expected =
+            mode ? Smooth(source, k.W, k.H, mode == 2 ? 1 : 2) : Nearest(source, k.W, k.H);
+        EXPECT_EQ(expected.bytes, PixelsOf(out).bytes);
+        EXPECT_EQ(mode ? GetParam() : Virtual, out->kind);       // smoothing makes a work plane
+        EXPECT_TRUE(channels == 3 || out->palette[10][0] == 1);  // an 8-bit plane keeps its palette
+      }
+    }
+  }
+  // One pixel wide or high (or less): a blank plane of the given kind.
+  Plane* plane = PlaneOf(Pixels{2, 2, 3, Bytes(12, 200)}, GetParam());
+  for (int smooth : {0, 1}) {
+    for (auto [W, H] : {std::pair{1, 5}, {5, 1}, {0, 4}}) {
+      Plane* out = Kept(ResizePlane(plane, W, H, Virtual, smooth, 0));
+      EXPECT_EQ(Virtual, out->kind);
+      EXPECT_EQ(Bytes(3 * std::max(W, 1) * H, 0), PixelsOf(out).bytes);
+    }
+  }
+  EXPECT_EQ(nullptr,
+            ResizePlane(NewPlane(8, 8, 4, 0, 0, Physical), 4, 4, Physical, 0, 0));  // no 4-bit rows
+}
+
+TEST_F(StoreTest, LargePlanesDontOverflowTheArithmetic) {
+  const Pixels wide = RandomPixels(70000, 2, 1, 12);  // 70,000 x 39,999 passes 2^31
+  EXPECT_TRUE(
+      PixelsOf(Kept(ResizePlane(PlaneOf(wide, Physical), 40000, 3, Physical, 0, 0))).bytes ==
+      Nearest(wide, 40000, 3).bytes);
+  const Pixels narrow = RandomPixels(40000, 2, 1, 11);  // 40,000 x 69,999 likewise
+  EXPECT_TRUE(PixelsOf(Kept(SmoothResize(PlaneOf(narrow, Physical), 70000, 3, 2))).bytes ==
+              Cubic(narrow, 70000, 3, 2).bytes);
+}
 
 }  // namespace
