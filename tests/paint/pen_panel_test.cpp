@@ -37,10 +37,6 @@ Bytes Grey(const Bytes& bgr) {
 
 class PenPanelTest : public PenTest {
  protected:
-  void SetUp() override {
-    PenTest::SetUp();
-    penSizes.column[0][0] = penSizes.column[1][0] = 1;
-  }
   void TearDown() override {
     PlaneStore.FreePlane(&tipState.dotTip);
     PenTest::TearDown();

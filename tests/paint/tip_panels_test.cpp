@@ -26,10 +26,6 @@ using Sizes = std::vector<std::pair<int, int>>;
 
 class PanelTest : public PenTest {
  protected:
-  void SetUp() override {
-    PenTest::SetUp();
-    penSizes.column[0][0] = penSizes.column[1][0] = 1;
-  }
   static Sizes Entries() {
     Sizes entries;
     for (int i = 0; i < penSizes.Count(); ++i)

@@ -14,6 +14,7 @@
 #include "paint/tip/pen_record.h"
 #include "paint/tip/tip.h"
 #include "platform/headless/headless.h"
+#include "settings/number_lists.h"
 #include "store/dib.h"
 #include "store/plane_store.h"
 #include "support/fixture.h"
@@ -37,6 +38,11 @@ inline Raster Read(Plane* plane) {
 
 class PenTest : public TeselTest {
  protected:
+  // The size list holds its one entry of 1 x 1, as with no list file.
+  void SetUp() override {
+    TeselTest::SetUp();
+    penSizes.column[0][0] = penSizes.column[1][0] = 1;
+  }
   // The generated tip of a shape and radii.
   static void Build(int shape, double rx, double ry) {
     pen.tipShape = shape;
