@@ -37,10 +37,6 @@ Bytes Grey(const Bytes& bgr) {
 
 class PenPanelTest : public PenTest {
  protected:
-  void TearDown() override {
-    PlaneStore.FreePlane(&tipState.dotTip);
-    PenTest::TearDown();
-  }
   // A pen picture in family `family`: a white picture with one dark pixel.
   void PenFile(const std::string& family, const std::string& name, int x, int y) {
     SavePicture("pendata/" + family + "/" + name, 4, 4, {{x, y, 0, 0, 0}});
