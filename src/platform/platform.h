@@ -12,6 +12,7 @@
 #include <cstdint>
 #include <cstdio>
 #include <string>
+#include <vector>
 
 namespace platform {
 
@@ -92,6 +93,29 @@ std::string TempName(const std::string& templ);
 FILE* OpenFile(const std::string& path, const char* mode);
 // Deletes a file by its UTF-8 name; false when it can't be deleted.
 bool RemoveFile(const std::string& path);
+bool FileExists(const std::string& path);
+// Puts the file `from` in the place of `to` in one step of the file system:
+// until it is done `to` stays as it was, and a crash leaves one or the
+// other whole. False when it can't be done; `from` then stays.
+bool MoveFileOver(const std::string& from, const std::string& to);
+// The names of the files in `folder` (ending with a separator) whose names
+// end with `suffix`, compared without case, in the order the system lists
+// them; the listing stops at its first failure.
+std::vector<std::string> ListFiles(const std::string& folder, const std::string& suffix);
+
+// Shared libraries: the plug-ins. A library is loaded by its UTF-8 path for
+// one operation and unloaded at its end.
+using LibraryHandle = void*;
+LibraryHandle OpenLibrary(const std::string& path);  // null when it can't be loaded
+void* LibrarySymbol(LibraryHandle library, const char* name);  // null when it isn't exported
+void CloseLibrary(LibraryHandle library);
+// The file name ending of a plug-in library here: ".dll" or ".so".
+const char* LibrarySuffix();
+// What a plug-in gets as its window for a role, to own its dialogs and to
+// report progress through the plug-in progress helper: the window itself
+// on Windows; natively a sink that passes each report to SendToWindow(role,
+// MsgStatus, code, percent).
+void* PluginWindow(Window role);
 
 // The hourglass while a long operation runs.
 void SetWaitCursor(bool on);

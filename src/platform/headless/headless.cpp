@@ -1,14 +1,19 @@
 // The seam for native tests on Linux: real memory, recorded interface.
 #include "platform/headless/headless.h"
 
+#include <dlfcn.h>
 #include <sys/mman.h>
 #include <unistd.h>
 
+#include <algorithm>
+#include <array>
 #include <cerrno>
 #include <cstdlib>
-#include <algorithm>
 #include <cstring>
+#include <filesystem>
 #include <random>
+
+#include "plugin_abi/progress.h"
 
 namespace headless {
 
@@ -146,6 +151,66 @@ std::string TempName(const std::string& templ) {
 FILE* OpenFile(const std::string& path, const char* mode) { return std::fopen(path.c_str(), mode); }
 
 bool RemoveFile(const std::string& path) { return std::remove(path.c_str()) == 0; }
+
+bool FileExists(const std::string& path) {
+  std::error_code error;
+  return std::filesystem::is_regular_file(path, error);
+}
+
+bool MoveFileOver(const std::string& from, const std::string& to) {
+  return std::rename(from.c_str(), to.c_str()) == 0;
+}
+
+std::vector<std::string> ListFiles(const std::string& folder, const std::string& suffix) {
+  std::vector<std::string> names;
+  std::error_code error;
+  for (std::filesystem::directory_iterator it(folder, error), end; !error && it != end;
+       it.increment(error)) {
+    const std::string name = it->path().filename().string();
+    if (name.size() >= suffix.size() &&
+        std::equal(suffix.begin(), suffix.end(), name.end() - suffix.size(),
+                   [](char a, char b) { return std::tolower(a) == std::tolower(b); }))
+      names.push_back(name);
+  }
+  return names;
+}
+
+LibraryHandle OpenLibrary(const std::string& path) {
+  return dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL);
+}
+
+void* LibrarySymbol(LibraryHandle library, const char* name) {
+  return library ? dlsym(library, name) : nullptr;
+}
+
+void CloseLibrary(LibraryHandle library) {
+  if (library) dlclose(library);
+}
+
+const char* LibrarySuffix() { return ".so"; }
+
+namespace {
+
+// A report reaches the role's window as the status message, and so the record.
+struct RoleSink {
+  TeselProgressSink sink;
+  Window role;
+};
+
+void ReportToRole(TeselProgressSink* sink, int code, int percent) {
+  SendToWindow(reinterpret_cast<RoleSink*>(sink)->role, MsgStatus, code, percent);
+}
+
+}  // namespace
+
+void* PluginWindow(Window role) {
+  static std::array<RoleSink, static_cast<size_t>(Window::CanvasView) + 1> sinks = [] {
+    std::array<RoleSink, static_cast<size_t>(Window::CanvasView) + 1> all{};
+    for (size_t i = 0; i < all.size(); ++i) all[i] = {{ReportToRole}, static_cast<Window>(i)};
+    return all;
+  }();
+  return &sinks[static_cast<size_t>(role)].sink;
+}
 
 PointerPosition PollPointer() {
   const headless::PointerSample& at = state.pointer;

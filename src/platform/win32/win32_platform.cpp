@@ -133,6 +133,49 @@ FILE* OpenFile(const std::string& path, const char* mode) {
 
 bool RemoveFile(const std::string& path) { return DeleteFileW(Widen(path).c_str()) != 0; }
 
+bool FileExists(const std::string& path) {
+  const DWORD attributes = GetFileAttributesW(Widen(path).c_str());
+  return attributes != INVALID_FILE_ATTRIBUTES && !(attributes & FILE_ATTRIBUTE_DIRECTORY);
+}
+
+bool MoveFileOver(const std::string& from, const std::string& to) {
+  return MoveFileExW(Widen(from).c_str(), Widen(to).c_str(),
+                     MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != 0;
+}
+
+std::vector<std::string> ListFiles(const std::string& folder, const std::string& suffix) {
+  std::vector<std::string> names;
+  WIN32_FIND_DATAW found;
+  HANDLE search = FindFirstFileW(Widen(folder + "*" + suffix).c_str(), &found);
+  if (search == INVALID_HANDLE_VALUE) return names;
+  do {
+    if (!(found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY)) names.push_back(Narrow(found.cFileName));
+  } while (FindNextFileW(search, &found));
+  FindClose(search);
+  return names;
+}
+
+LibraryHandle OpenLibrary(const std::string& path) {
+  // A missing library shows no box of the system's own.
+  const UINT old = SetErrorMode(SEM_FAILCRITICALERRORS | SEM_NOOPENFILEERRORBOX);
+  HMODULE library = LoadLibraryW(Widen(path).c_str());
+  SetErrorMode(old);
+  return library;
+}
+
+void* LibrarySymbol(LibraryHandle library, const char* name) {
+  return library ? reinterpret_cast<void*>(GetProcAddress(static_cast<HMODULE>(library), name))
+                 : nullptr;
+}
+
+void CloseLibrary(LibraryHandle library) {
+  if (library) FreeLibrary(static_cast<HMODULE>(library));
+}
+
+const char* LibrarySuffix() { return ".dll"; }
+
+void* PluginWindow(Window role) { return BoundWindow(role); }
+
 PointerPosition PollPointer() {
   POINT p{};
   GetCursorPos(&p);
