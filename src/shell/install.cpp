@@ -1,17 +1,21 @@
 #include "shell/install.h"
 
+#include "file/install.h"
 #include "paint/install.h"
+#include "shell/file_commands.h"
 #include "shell/right_click_keys.h"
 #include "shell/smooth_zoom_tool.h"
 #include "shell/undo_commands.h"
 
 void InstallShell(const std::string& tempFolder) {
   InstallUndoHistory();
+  InstallFileCommands();
   InstallSmoothZoomTool(tempFolder);
   InstallRightClickKeys();
 }
 
-void InstallSubsystems(const std::string& tempFolder) {
+void InstallSubsystems(const std::string& programFolder, const std::string& tempFolder) {
   InstallPaint();
+  InstallFile(programFolder);
   InstallShell(tempFolder);
 }

@@ -7,8 +7,9 @@
 
 #include <string>
 
-// The shell's own: the undo commands, the Smooth Zoom tool (which parks its
+// The shell's own: the undo and file commands, the Smooth Zoom tool (which parks its
 // planes in tempFolder, ending with a separator) and the right-click keys.
 void InstallShell(const std::string& tempFolder);
 
-void InstallSubsystems(const std::string& tempFolder);
+// programFolder and tempFolder end with a separator.
+void InstallSubsystems(const std::string& programFolder, const std::string& tempFolder);

@@ -19,7 +19,7 @@ class WholeProgram : public ShellTest {
     ShellTest::SetUp();
     settings.undoCount = 5;
     settings.positionSmoothing = 1;
-    InstallSubsystems(folder.path());
+    InstallSubsystems(folder.path(), folder.path());
   }
   static bool Painted(Canvas* canvas, int x, int y) {
     const auto rgb = PixelRgb(canvas->planes[0].plane, x, y);

@@ -14,6 +14,7 @@
 #include "document/canvas_manager.h"
 #include "document/canvas_request.h"
 #include "document/reset.h"
+#include "file/reset.h"
 #include "paint/reset.h"
 #include "pixel/reset.h"
 #include "platform/headless/headless.h"
@@ -43,6 +44,7 @@ class TeselTest : public ::testing::Test {
     ResetDocument();
     ResetDisplay();
     ResetPaint();
+    ResetFile();
     ResetShell();
   }
   // An empty record, freed with the test.

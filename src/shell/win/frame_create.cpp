@@ -69,7 +69,7 @@ bool OnFrameCreate(HWND frame, const CREATESTRUCTW* create) {
   InstallViewWindows();
   InstallStrokeWindows();
   // The settings are read by now.
-  InstallSubsystems(tempFolder);
+  InstallSubsystems(startFolder, tempFolder);
   RegisterFrameDialogs();
   RegisterHelpCommand();
   DragAcceptFiles(frame, TRUE);

@@ -1,0 +1,3 @@
+#include "file/file_windows.h"
+
+FileWindows fileWindows;
