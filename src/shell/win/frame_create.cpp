@@ -9,6 +9,7 @@
 #include "display/win/view_windows_win.h"
 #include "paint/win/stroke_windows_win.h"
 #include "platform/win32/win32_platform.h"
+#include "file/win/file_dialogs_win.h"
 #include "platform/win32/win32_windows.h"
 #include "resources/strings.h"
 #include "settings/settings.h"
@@ -68,6 +69,7 @@ bool OnFrameCreate(HWND frame, const CREATESTRUCTW* create) {
   ConnectShellWindows();
   InstallViewWindows();
   InstallStrokeWindows();
+  InstallFileWindows();
   // The settings are read by now.
   InstallSubsystems(startFolder, tempFolder);
   RegisterFrameDialogs();
