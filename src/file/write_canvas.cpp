@@ -9,6 +9,7 @@
 #include "document/canvas_manager.h"
 #include "file/file_records.h"
 #include "file/file_windows.h"
+#include "file/palette_picture.h"
 #include "file/plugin_library.h"
 #include "file/plugin_registry.h"
 #include "platform/platform.h"
@@ -35,6 +36,9 @@ struct WriteSource {
   // bandX0..bandX1.
   DibTile* band = nullptr;
   int bandTop = 0, bandX0 = 0, bandX1 = -1;
+  // Palette-only writing: the picture as indices, made before the writer runs.
+  bool paletteOnly = false;
+  QuantisedImage quantised;
 };
 WriteSource source;
 
@@ -67,6 +71,12 @@ int ComposedRow(int y, int x0, int x1, uint8_t* buffer) {
 
 int GetRow(int y, int x0, int x1, uint8_t* buffer, int layer) {
   if (!buffer || x0 > x1) return 0;
+  if (source.paletteOnly) {
+    const QuantisedImage& q = source.quantised;
+    if (q.indices.empty() || y < 0 || y >= q.height || x0 < 0 || x1 >= q.width) return 0;
+    std::memcpy(buffer, &q.indices[size_t(y) * q.width + x0], size_t(x1 - x0 + 1));
+    return 1;
+  }
   const Crop crop = CropOf(layer);
   if (layer >= 0 && source.layerAware) {
     const int from = RowLayer(layer);
@@ -93,7 +103,27 @@ int GetPlaneRow(int y, int x0, int x1, uint8_t* buffer, int layer, int plane) {
   return 1;
 }
 
-int GetPalette(uint8_t*) { return 0; }
+int GetPalette(uint8_t* table) {
+  if (!source.paletteOnly || !table) return 0;
+  std::memcpy(table, source.quantised.palette.data(), source.quantised.palette.size());
+  return 1;
+}
+
+// The picture a palette-only write sends: composed, with the base layer's
+// two transparency planes, over the first record's geometry and crop.
+QuantisedImage QuantiseForWrite(const LayerGeometry& g) {
+  const Crop crop = CropOf(0);
+  const PlaneSlot* base = &source.canvas->planes[0];
+  PaletteSource picture{g.width, g.height, [&](int y, uint8_t* rgb, uint8_t* slot2, uint8_t* slot3) {
+    const int top = y + crop.top, left = crop.left, right = crop.left + g.width - 1;
+    ComposedRow(top, left, right, rgb);
+    std::memset(slot2, 255, size_t(g.width));
+    std::memset(slot3, 0, size_t(g.width));
+    if (base[2].plane) PlaneStore.ReadRow(base[2].plane, top, left, right, slot2);
+    if (base[3].plane) PlaneStore.ReadRow(base[3].plane, top, left, right, slot3);
+  }};
+  return QuantisePicture(picture);
+}
 
 // A layer's geometry in the records, with the crop applied.
 Crop Describe(const PlaneSlot& image, int left, int top, int right, int bottom, LayerGeometry& g,
@@ -192,9 +222,7 @@ int WriteCanvas(Canvas* canvas, int left, int top, int right, int bottom, const 
   void* window = platform::PluginWindow(platform::Window::StatusBar);
   FormatInfo format{};
   info(window, &format);
-  // A writer of palette pictures only isn't served yet: such a save fails.
   const bool paletteOnly = format.accepts24 == 0 && format.accepts8 != 0;
-  if (paletteOnly) return 0;
 
   FileRecords records(WriteCapacityFor(path));
   if (!records.ok()) return 0;
@@ -211,6 +239,7 @@ int WriteCanvas(Canvas* canvas, int left, int top, int right, int bottom, const 
   source.canvas = canvas;
   source.layerAware = layerAware;
   source.partial = partial != 0;
+  source.paletteOnly = paletteOnly;
   if (partial) {
     header->layerCount = 1;
     DescribeLayer(canvas, 0, 0, records, paletteOnly, left, top, right, bottom, false);
@@ -229,6 +258,7 @@ int WriteCanvas(Canvas* canvas, int left, int top, int right, int bottom, const 
       FreeBand();
       return 0;
     }
+    if (paletteOnly) source.quantised = QuantiseForWrite(records.geometry(0));
     const std::string temporary = TemporaryBeside(path);
     WriteCallbacks callbacks{GetRow, GetPlaneRow, GetPalette};
     result = exec(window, temporary.c_str(), header, records.planes(), records.layers(), &callbacks);

@@ -68,14 +68,24 @@ bool ReadRecords(Reader& in, FileHeader* header, LayerPlaneTable* planes, LayerR
 extern "C" {
 
 int ReadFileInfo(TeselWindow, FormatInfo* info) {
+#ifdef PROBE_PALETTE
+  std::snprintf(info->extensions, sizeof info->extensions, "pal");
+#else
   std::snprintf(info->extensions, sizeof info->extensions, "prb;both;tsl");
+#endif
   std::snprintf(info->description, sizeof info->description, "Probe");
   return 1;
 }
 
+// Built twice: as a writer of 24-bit pictures, and (PROBE_PALETTE) as one
+// of palette pictures only.
 int WriteFileInfo(TeselWindow window, FormatInfo* info) {
   ReadFileInfo(window, info);
+#ifdef PROBE_PALETTE
+  info->accepts8 = 1;
+#else
   info->accepts24 = 1;
+#endif
   return 1;
 }
 
@@ -94,9 +104,14 @@ int WriteFileExec(TeselWindow, const char* path, FileHeader* header, LayerPlaneT
   for (int i = 0; i < count; ++i) {
     const LayerGeometry& g = header->layers[i];
     std::vector<uint8_t> row(size_t(g.width) * 3);
+    if (g.bits == 8) {
+      uint8_t palette[1024] = {};
+      callbacks->GetPalette(palette);
+      std::fwrite(palette, 1, sizeof palette, file);
+    }
     for (int y = 0; y < g.height; ++y) {
       callbacks->GetRow(y, 0, g.width - 1, row.data(), i);
-      std::fwrite(row.data(), 1, row.size(), file);
+      std::fwrite(row.data(), 1, size_t(RowBytes(g.bits, g.width)), file);
     }
     for (int k = 0; k < TESEL_ALPHA_PLANES; ++k) {
       if (!planes[i].present[k]) continue;

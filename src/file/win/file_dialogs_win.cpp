@@ -19,7 +19,7 @@ namespace {
 constexpr DWORD kPathChars = 1024;
 
 // The dialogs remember where the user last was, and which filter; Open
-// starts with all the pictures it can read, Save with the first format.
+// starts with all the pictures it can read, Save with the native format.
 struct LastPlace {
   std::wstring folder;
   DWORD filterIndex = 0;  // 0: not chosen yet
@@ -68,6 +68,13 @@ bool OpenDialog(std::string* path) {
   return true;
 }
 
+// The native format keeps everything: a first save offers it.
+DWORD NativeFilter(const std::vector<FileFilter>& filters) {
+  for (size_t i = 0; i < filters.size(); ++i)
+    if (filters[i].extension == "tsl") return DWORD(i + 1);
+  return 1;
+}
+
 bool SaveDialog(const std::string& name, std::string* chosenOut, std::string* extension) {
   const std::vector<FileFilter> filters = SaveFilters();
   if (filters.empty()) return false;
@@ -76,7 +83,7 @@ bool SaveDialog(const std::string& name, std::string* chosenOut, std::string* ex
   const std::wstring seed = platform::Widen(SaveDialogSeed(name));
   seed.copy(chosen.data(), kPathChars - 1);
   OPENFILENAMEW dialog = Dialog(block, chosen.data(), lastSave);
-  if (dialog.nFilterIndex == 0 || dialog.nFilterIndex > filters.size()) dialog.nFilterIndex = 1;
+  if (dialog.nFilterIndex == 0 || dialog.nFilterIndex > filters.size()) dialog.nFilterIndex = NativeFilter(filters);
   dialog.Flags = OFN_HIDEREADONLY | OFN_EXPLORER | OFN_PATHMUSTEXIST;
   if (!GetSaveFileNameW(&dialog)) return false;
   Remember(&lastSave, chosen.data(), dialog.nFilterIndex);

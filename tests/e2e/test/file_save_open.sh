@@ -1,0 +1,44 @@
+# A stroke saved in the native file comes back when the file is opened
+# again, after the picture was closed; saving over the file asks first, and
+# No keeps it as it was.
+. "$(dirname "$0")/../lib.sh"
+
+[ -e "$DIST/file_w/tsl.dll" ] && [ -e "$DIST/file_r/tsl.dll" ] || fail "no tsl plug-in in the program folder"
+folder="Z:$(echo "$DIST" | tr / '\\')"
+open_picture 200 150
+paint_through "$((vx + 30)),$((vy + 50))" "$((vx + 170)),$((vy + 50))"
+xdotool mousemove 5 5
+painted() { [ -n "$(not_white_box $vx $vy 200 150)" ]; }
+shot_until 5 painted
+before=$(not_white_box $vx $vy 200 150)
+[ -n "$before" ] || fail "the stroke did not paint"
+
+keys ctrl+shift+s
+wait_for "$(dialog 'Save As')"
+type_text "$folder\\drawing"
+answer "$(dialog 'Save As')" Return
+wait_until 20 test -s "$DIST/drawing.tsl"
+wait_for "${DOCUMENT}[0-9]+ \"[^\"]*drawing.tsl\""
+saved_at=$(stat -c %y "$DIST/drawing.tsl")
+
+# Over the same name: the question, and No leaves the file alone.
+keys ctrl+shift+s
+wait_for "$(dialog 'Save As')"
+type_text "$folder\\drawing"
+answer "$(dialog 'Save As')" Return
+answer '"Overwrite the file\?"' n
+[ "$(stat -c %y "$DIST/drawing.tsl")" = "$saved_at" ] || fail "No changed the file"
+
+keys ctrl+F4
+wait_documents 0
+keys ctrl+o
+wait_for "$(dialog Open)"
+type_text "$folder\\drawing.tsl"
+answer "$(dialog Open)" Return
+wait_for "${DOCUMENT}[0-9]+ \"[^\"]*drawing.tsl\""
+wait_view 200x150
+read -r vx vy _ _ <<<"$(view_rect)"
+same() { [ "$(not_white_box $vx $vy 200 150)" = "$before" ]; }
+shot_until 10 same
+keep_shot reopened
+same || fail "reopened, the paint covers $(not_white_box $vx $vy 200 150), not $before"
