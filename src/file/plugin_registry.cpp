@@ -87,7 +87,8 @@ bool FetchFormatInfo(const std::string& libraryPath, bool reader, FormatInfo* in
   return true;
 }
 
-void FileFormatRegistryObject::Scan(const std::string& programFolder) {
+void FileFormatRegistryObject::Scan(const std::string& folder) {
+  programFolder = folder;
   readers = ScanFolder(programFolder + "file_r" + programFolder.back(), true);
   writers = ScanFolder(programFolder + "file_w" + programFolder.back(), false);
 }
@@ -103,4 +104,5 @@ int FileFormatRegistryObject::FindWriter(const std::string& path) const {
 void FileFormatRegistryObject::Reset() {
   readers.clear();
   writers.clear();
+  programFolder.clear();
 }

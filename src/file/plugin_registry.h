@@ -14,12 +14,13 @@ constexpr int kRegistrySize = 100;  // entries of each table
 
 struct FileFormatRegistryObject {
   std::vector<std::string> readers, writers;
+  std::string programFolder;  // where the scan looked, ending with a separator
 
   // Fills both tables: every library of the folder whose export
   // ReadFileInfo (or WriteFileInfo) is there, at most 100, then sorted. A
   // reader without it is shown in a box titled "DLL ERROR"; a writer
   // without it is passed over silently.
-  void Scan(const std::string& programFolder);
+  void Scan(const std::string& folder);
   // The table index of the plug-in for a path's extension, or -1.
   int FindReader(const std::string& path) const;
   int FindWriter(const std::string& path) const;

@@ -12,6 +12,7 @@
 #include "file/palette_picture.h"
 #include "file/plugin_library.h"
 #include "file/plugin_registry.h"
+#include "file/thumbnail.h"
 #include "platform/platform.h"
 #include "resources/strings.h"
 #include "settings/settings.h"
@@ -212,6 +213,14 @@ int WriteCanvas(Canvas* canvas, int left, int top, int right, int bottom, const 
   if (!layerAware && !partial && !settings.noWarnNotTsl && fileWindows.confirmFlatFormat &&
       !fileWindows.confirmFlatFormat())
     return 1;
+  // The thumbnail goes in all cases once the write is over.
+  struct Thumbnail {
+    std::string path;
+    ~Thumbnail() {
+      if (!path.empty()) platform::RemoveFile(path);
+    }
+  } thumbnail;
+  if (layerAware) thumbnail.path = WriteThumbnail(canvas);
   const int writer = FileFormatRegistry.FindWriter(path);
   if (writer < 0) return 0;
   PluginLibrary library(FileFormatRegistry.writers[size_t(writer)]);

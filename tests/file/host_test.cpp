@@ -15,6 +15,7 @@
 #include "file/native_file.h"
 #include "file/plugin_registry.h"
 #include "file/save_canvas.h"
+#include "file/thumbnail.h"
 #include "file/write_canvas.h"
 #include "platform/headless/headless.h"
 #include "settings/settings.h"
@@ -331,6 +332,46 @@ TEST_F(FileHost, SaveAsAsksWhereAndNeverOverwritesUnasked) {
   EXPECT_EQ(SaveCanvas(canvas, 0), 0);
   EXPECT_EQ(BoxTexts().back(), "Saving file failed!");
   EXPECT_EQ(canvas->modified, 1u);
+}
+
+TEST_F(FileHost, ThumbnailKeepsTheShortSideAt256AndGoesAfterTheSave) {
+  Canvas* canvas = MakeBlank(1000, 250);
+  std::vector<uint8_t> row(1000 * 3);
+  for (int y = 0; y < 250; ++y) {
+    for (int x = 0; x < 1000; ++x)
+      row[size_t(x) * 3] = uint8_t(x * 7 + y), row[size_t(x) * 3 + 1] = uint8_t(y * 3), row[size_t(x) * 3 + 2] = 9;
+    PlaneStore.WriteRow(canvas->planes[0].plane, y, 0, 999, row.data());
+  }
+  Plane* thumb = RenderThumbnail(canvas);
+  ASSERT_NE(thumb, nullptr);
+  EXPECT_EQ(std::make_pair(thumb->width, thumb->height), std::make_pair(1024, 256));
+  int wrong = 0;
+  for (int y = 0; y < 256; ++y)
+    for (int x = 0; x < 1024; x += 7) {
+      const int sx = 999 * x / 1023, sy = 249 * y / 255;  // nearest, no filter
+      uint32_t r = 0, g = 0, b = 0;
+      PlaneStore.ReadPixel24(thumb, x, y, &r, &g, &b);
+      wrong += b != uint8_t(sx * 7 + sy) || g != uint8_t(sy * 3) || r != 9;
+    }
+  EXPECT_EQ(wrong, 0);
+  PlaneStore.FreePlane(&thumb);
+  Canvas* square = MakeBlank(256, 256);
+  thumb = RenderThumbnail(square);
+  EXPECT_EQ(std::make_pair(thumb->width, thumb->height), std::make_pair(256, 256));
+  PlaneStore.FreePlane(&thumb);
+
+  // Without "exfile" there is no thumbnail; with it, one layer of its size
+  // in file_w/tmb.jpg, which a layered save deletes again.
+  EXPECT_EQ(WriteThumbnail(canvas), "");
+  fs::copy_file(kProbe, program / "exfile.so");
+  ASSERT_EQ(WriteThumbnail(canvas), program / "file_w/tmb.jpg");
+  const Dump dump = ReadDump(program / "file_w/tmb.jpg");
+  EXPECT_EQ(std::vector<int>({dump.count(), dump.Header().layers[0].width, dump.Header().layers[0].height,
+                              dump.Record(0).one}),
+            std::vector<int>({1, 1024, 256, 1}));
+  int saved = 0;
+  ASSERT_EQ(WriteCanvas(canvas, -1, 0, 0, 0, program / "with.tsl", 0, &saved), 1);
+  EXPECT_FALSE(fs::exists(program / "file_w/tmb.jpg"));
 }
 
 }  // namespace
