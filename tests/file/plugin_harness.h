@@ -21,8 +21,11 @@ namespace plugintest {
 class PluginModule {
  public:
   explicit PluginModule(const std::string& name)
-      : handle_(dlopen((std::string(TESEL_PLUGIN_DIR) + "/" + name + ".so").c_str(),
-                       RTLD_NOW | RTLD_LOCAL)) {}
+      : PluginModule(std::string(TESEL_PLUGIN_DIR) + "/", name) {}
+  // A copy of the shared object in another folder, for a test that puts
+  // files beside the module.
+  PluginModule(const std::string& folder, const std::string& name)
+      : handle_(dlopen((folder + name + ".so").c_str(), RTLD_NOW | RTLD_LOCAL)) {}
   ~PluginModule() {
     if (handle_) dlclose(handle_);
   }
