@@ -270,16 +270,19 @@ bool DecodeRuns(ByteSource& source, const Layout& l, RowSink& sink) {
   const bool nibbles = l.compression == kRle4;
   std::vector<uint8_t> indices(size_t(l.width), 0), packed(nibbles ? Stride(l.width, 4) : 0);
   int x = 0, row = 0;  // row counts from the bottom, as the file does
+  bool drawn = false;  // blank rows, most of a sparse picture, need no packing
   auto finishRow = [&]() {
-    const uint8_t* pixels = indices.data();
-    if (nibbles) {
-      std::fill(packed.begin(), packed.end(), 0);
+    if (drawn && nibbles) {
       for (int i = 0; i < l.width; ++i)
         packed[size_t(i / 2)] |= uint8_t(indices[size_t(i)] << (i % 2 ? 0 : 4));
-      pixels = packed.data();
     }
-    const bool taken = sink.Row(l.height - 1 - row, pixels, nullptr);
-    std::fill(indices.begin(), indices.end(), 0);
+    const bool taken =
+        sink.Row(l.height - 1 - row, nibbles ? packed.data() : indices.data(), nullptr);
+    if (drawn) {
+      std::fill(indices.begin(), indices.end(), 0);
+      std::fill(packed.begin(), packed.end(), 0);
+      drawn = false;
+    }
     ++row;
     return taken;
   };
@@ -290,6 +293,7 @@ bool DecodeRuns(ByteSource& source, const Layout& l, RowSink& sink) {
     if (count > 0) {
       // A run: one index, or two nibbles that alternate.
       if (count > l.width - x) return false;
+      drawn = true;
       for (int i = 0; i < count; ++i)
         indices[size_t(x++)] = nibbles ? (i % 2 ? value & 15 : value >> 4) : value;
     } else if (value == 0) {  // end of line
@@ -309,6 +313,7 @@ bool DecodeRuns(ByteSource& source, const Layout& l, RowSink& sink) {
     } else {
       // Literal indices, padded to a 16-bit boundary.
       if (value > l.width - x) return false;
+      drawn = true;
       const int bytes = nibbles ? (value + 1) / 2 : value;
       uint8_t literal[256];
       for (int i = 0; i < bytes + bytes % 2; ++i) {
