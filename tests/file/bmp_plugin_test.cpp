@@ -8,8 +8,14 @@
 #include <string>
 #include <vector>
 
+#include "document/canvas_manager.h"
+#include "file/install.h"
+#include "file/native_file.h"
 #include "file/plugin_harness.h"
+#include "file/write_canvas.h"
 #include "plugin_abi/progress.h"
+#include "settings/settings.h"
+#include "support/fixture.h"
 #include "support/temp_folder.h"
 
 namespace {
@@ -447,6 +453,53 @@ TEST(BmpPlugin, ReportsProgressAndClearsIt) {
             1);
   Current() = nullptr;
   EXPECT_TRUE(loading.Shows(TESEL_PROGRESS_READING));
+}
+
+// Through the program's own host: a canvas whose transparency slot is
+// partly clear saves with that slot as alpha and opens with it in place.
+class BmpInProgram : public TeselTest {
+ protected:
+  void SetUp() override {
+    TeselTest::SetUp();
+    for (const char* folder : {"file_r/", "file_w/"}) {
+      std::filesystem::create_directories(program / folder);
+      std::filesystem::copy_file(std::string(TESEL_PLUGIN_DIR) + "/bmp.so",
+                                 program / (std::string(folder) + "bmp.so"));
+    }
+    InstallFile(program.path());
+    settings.noWarnNotTsl = 1;
+  }
+  TempFolder program;
+};
+
+TEST_F(BmpInProgram, TheTransparencySlotTravelsAsAlpha) {
+  Canvas* canvas = MakeBlank(3, 2);
+  Plane* clear = canvas->planes[SlotIndex(0, 2)].plane;
+  ASSERT_NE(clear, nullptr);
+  PlaneStore.WritePixel24(canvas->planes[0].plane, 0, 0, 200, 100, 50);
+  PlaneStore.WritePixel8(clear, 1, 0, 0);
+  PlaneStore.WritePixel8(clear, 2, 1, 128);
+  int saved = 0;
+  ASSERT_EQ(WriteCanvas(canvas, -1, 0, 0, 0, program / "pic.bmp", 0, &saved), 1);
+  const Bytes file = program.Read("pic.bmp");
+  ASSERT_EQ(At(file, 28, 2), 32u);
+  EXPECT_EQ(file[14 + 124 + 4 * 3 + 4 + 3], 0);  // top row, second pixel
+  EXPECT_EQ(file[14 + 124 + 2 * 4 + 3], 128);    // bottom row, third pixel
+
+  ASSERT_TRUE(OpenCanvasFile(program / "pic.bmp"));
+  Canvas* back = NewRecord();
+  ASSERT_EQ(CanvasManager.MakeCanvas(back, nullptr), 1);
+  for (int y = 0; y < 2; ++y) {
+    for (int x = 0; x < 3; ++x) {
+      uint32_t was = 0, is = 0;
+      PlaneStore.ReadPixel8(clear, x, y, &was);
+      PlaneStore.ReadPixel8(back->planes[SlotIndex(0, 2)].plane, x, y, &is);
+      EXPECT_EQ(is, was) << x << "," << y;
+    }
+  }
+  uint32_t r = 0, g = 0, b = 0;
+  PlaneStore.ReadPixel24(back->planes[0].plane, 0, 0, &r, &g, &b);
+  EXPECT_EQ(std::vector<uint32_t>({r, g, b}), std::vector<uint32_t>({200, 100, 50}));
 }
 
 // Another program reads what the plug-in writes: ImageMagick gives back the
