@@ -1,6 +1,7 @@
 # A second start without files shows string 1308 and leaves the first
 # alone. With two files it hands them over as one drop and ends at once;
-# the first instance reads the drop and goes on working.
+# the first instance tries each (neither exists: 1302 each) and goes on
+# working.
 . "$(dirname "$0")/../lib.sh"
 
 start_tesel
@@ -13,6 +14,8 @@ answer '"Double starting of Tesel is not possible!"' Return
 has_window 'Double starting' && fail "the start with files was refused"
 [ "$(probe | grep -c '^0 da00#')" -eq 1 ] || fail "a second frame came up"
 kill -0 "$TESEL" 2>/dev/null || fail "the first instance ended on the drop"
+answer '"Opening file failed!"' Return
+answer '"Opening file failed!"' Return
 activate_frame
 new_document 40 30
 wait_documents 1
