@@ -193,13 +193,13 @@ const bool registered = [] {
   for (bool photo : {true, false}) {
     const std::string picture = photo ? "photo" : "flat";
     benchmark::RegisterBenchmark(("TeselFile/save-" + picture).c_str(), TeselSave, photo)
-        ->Unit(benchmark::kMillisecond)->Iterations(2);
+        ->Unit(benchmark::kMillisecond);
     benchmark::RegisterBenchmark(("PngFile/save-" + picture).c_str(), PngSave, photo)
-        ->Unit(benchmark::kMillisecond)->Iterations(2);
+        ->Unit(benchmark::kMillisecond);
     benchmark::RegisterBenchmark(("TeselFile/open-" + picture).c_str(), TeselOpen, photo)
-        ->Unit(benchmark::kMillisecond)->Iterations(2);
+        ->Unit(benchmark::kMillisecond);
     benchmark::RegisterBenchmark(("PngFile/open-" + picture).c_str(), PngOpen, photo)
-        ->Unit(benchmark::kMillisecond)->Iterations(2);
+        ->Unit(benchmark::kMillisecond);
   }
   return true;
 }();

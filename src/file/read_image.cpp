@@ -305,6 +305,34 @@ int ReadIntoPicture(Plane* image, Plane* alpha, const std::string& path, int* de
   return result;
 }
 
+Plane* LoadPreview(const std::string& path) {
+  FileSize size;
+  if (!GetFileSize(path, 0, &size)) return nullptr;
+  Plane* image = PlaneStore.CreatePlane(size.widths[0], size.heights[0], 24, 255, 1, Physical);
+  if (image && !ReadIntoPicture(image, nullptr, path, nullptr)) PlaneStore.FreePlane(&image);
+  return image;
+}
+
+Plane* FastPreview(const std::string& path) {
+  const int reader = FileFormatRegistry.FindReader(path);
+  if (reader < 0) return nullptr;
+  FileRecords records;
+  if (!records.ok()) return nullptr;
+  char made[TESEL_FAST_IMAGE_PATH_BYTES] = {};
+  {
+    PluginLibrary library(FileFormatRegistry.readers[size_t(reader)]);
+    auto fast = library.Entry<ReadFileFastImageFn>("ReadFileFastImage");
+    records.header()->layerCount = 1;
+    if (!fast || !fast(platform::PluginWindow(platform::Window::StatusBar), path.c_str(),
+                       records.header(), records.planes(), made))
+      return nullptr;
+  }
+  made[sizeof made - 1] = '\0';
+  Plane* preview = made[0] ? LoadPreview(made) : nullptr;
+  if (made[0]) platform::RemoveFile(made);
+  return preview;
+}
+
 bool LoadImageWithAlpha(const std::string& path, Plane** image, Plane** alpha) {
   *image = *alpha = nullptr;
   FileSize size;

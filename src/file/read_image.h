@@ -35,6 +35,15 @@ int ReadIntoCanvas(Canvas* canvas, const std::string& path, const std::vector<in
 // which may be null; delivered, when given, is set when one arrived.
 int ReadIntoPicture(Plane* image, Plane* alpha, const std::string& path, int* delivered);
 
+// The picture of a file for a preview, in 24 bits; null when it can't be
+// read.
+Plane* LoadPreview(const std::string& path);
+
+// The small picture a reader gives quickly for its file, when it can
+// (ReadFileFastImage writes it to a file of its own, which is read and
+// deleted); null when it can't.
+Plane* FastPreview(const std::string& path);
+
 // A picture and its transparency: a 24-bit plane, and an 8-bit one that is
 // 255 where the file brought none. False when the file can't be read.
 bool LoadImageWithAlpha(const std::string& path, Plane** image, Plane** alpha);

@@ -14,6 +14,7 @@
 #include "file/install.h"
 #include "file/native_file.h"
 #include "file/plugin_registry.h"
+#include "file/read_image.h"
 #include "file/save_canvas.h"
 #include "file/thumbnail.h"
 #include "file/write_canvas.h"
@@ -372,6 +373,25 @@ TEST_F(FileHost, ThumbnailKeepsTheShortSideAt256AndGoesAfterTheSave) {
   int saved = 0;
   ASSERT_EQ(WriteCanvas(canvas, -1, 0, 0, 0, program / "with.tsl", 0, &saved), 1);
   EXPECT_FALSE(fs::exists(program / "file_w/tmb.jpg"));
+}
+
+TEST_F(FileHost, PreviewsComeFromTheFileOrTheReadersQuickPicture) {
+  Canvas* canvas = MakeBlank(3, 2);
+  PlaneStore.WritePixel24(canvas->planes[0].plane, 2, 1, 5, 6, 7);
+  settings.noWarnNotTsl = 1;
+  int saved = 0;
+  ASSERT_EQ(WriteCanvas(canvas, -1, 0, 0, 0, program / "look.prb", 0, &saved), 1);
+  for (Plane* preview : {LoadPreview(program / "look.prb"), FastPreview(program / "look.prb")}) {
+    ASSERT_NE(preview, nullptr);
+    uint32_t r = 0, g = 0, b = 0;
+    PlaneStore.ReadPixel24(preview, 2, 1, &r, &g, &b);
+    EXPECT_EQ(std::vector<uint32_t>({uint32_t(preview->width), r, g, b}), std::vector<uint32_t>({3, 5, 6, 7}));
+    PlaneStore.FreePlane(&preview);
+  }
+  // The quick picture's file is gone again; no reader, no preview.
+  EXPECT_FALSE(fs::exists(program / "look.prb.fast.prb"));
+  EXPECT_EQ(LoadPreview(program / "look.xyz"), nullptr);
+  EXPECT_EQ(FastPreview(program / "look.xyz"), nullptr);
 }
 
 }  // namespace

@@ -165,4 +165,15 @@ int ReadFileExec(TeselWindow, const char* path, FileHeader* header, LayerPlaneTa
   return 1;
 }
 
+// A probe file stands for itself: a copy of it, in the temporary folder.
+int ReadFileFastImage(TeselWindow, const char* path, FileHeader*, LayerPlaneTable*, char* output) {
+  std::vector<uint8_t> bytes;
+  if (!ReadAll(path, &bytes)) return 0;
+  std::snprintf(output, TESEL_FAST_IMAGE_PATH_BYTES, "%s.fast.prb", path);
+  FILE* file = std::fopen(output, "wb");
+  if (!file) return 0;
+  std::fwrite(bytes.data(), 1, bytes.size(), file);
+  return std::fclose(file) == 0;
+}
+
 }  // extern "C"
