@@ -10,6 +10,7 @@
 #include "document/canvas_content.h"
 #include "document/canvas_manager.h"
 #include "document/canvas_request.h"
+#include "file/file_description.h"
 #include "file/file_windows.h"
 #include "file/install.h"
 #include "file/native_file.h"
@@ -388,6 +389,14 @@ TEST_F(FileHost, PreviewsComeFromTheFileOrTheReadersQuickPicture) {
     EXPECT_EQ(std::vector<uint32_t>({uint32_t(preview->width), r, g, b}), std::vector<uint32_t>({3, 5, 6, 7}));
     PlaneStore.FreePlane(&preview);
   }
+  const FileDescription described = DescribeFile(program / "look.prb");
+  EXPECT_EQ(std::vector<std::string>({described.size, described.layers}),
+            std::vector<std::string>({"3 x 2pixels FullColor", "LayerCount 1"}));
+  EXPECT_TRUE(described.canPreview);
+  program.Write("comic.mff", {1});
+  EXPECT_EQ(DescribeFile(program / "comic.mff").size, "[コミックツール]");
+  EXPECT_EQ(DescribeFile(program / "missing.prb").layers, "File is not selected.");
+  EXPECT_FALSE(DescribeFile(program / "missing.prb").canPreview);
   // The quick picture's file is gone again; no reader, no preview.
   EXPECT_FALSE(fs::exists(program / "look.prb.fast.prb"));
   EXPECT_EQ(LoadPreview(program / "look.xyz"), nullptr);

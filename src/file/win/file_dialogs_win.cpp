@@ -3,10 +3,13 @@
 #include <windows.h>
 #include <commdlg.h>
 
+#include <algorithm>
 #include <string>
 #include <vector>
 
+#include "file/file_description.h"
 #include "file/file_filters.h"
+#include "file/read_image.h"
 #include "file/file_windows.h"
 #include "file/save_canvas.h"
 #include "file/win/file_dialog_ids.h"
@@ -55,13 +58,95 @@ OPENFILENAMEW Dialog(const std::wstring& filters, wchar_t* path, const LastPlace
   return dialog;
 }
 
+// The preview of the Open dialog, as long as it stands.
+struct HookPreview {
+  Plane* picture = nullptr;
+  std::string path;
+};
+HookPreview preview;
+
+void DropPreview(HWND hook) {
+  PlaneStore.FreePlane(&preview.picture);
+  InvalidateRect(GetDlgItem(hook, IDC_HOOK_PREVIEW), nullptr, TRUE);
+}
+
+void ShowSelection(HWND hook) {
+  wchar_t path[kPathChars] = {};
+  SendMessageW(GetParent(hook), CDM_GETFILEPATH, kPathChars, reinterpret_cast<LPARAM>(path));
+  preview.path = platform::Narrow(path);
+  DropPreview(hook);
+  const FileDescription described = DescribeFile(preview.path);
+  SetDlgItemTextW(hook, IDC_HOOK_SIZE, platform::Widen(described.size).c_str());
+  SetDlgItemTextW(hook, IDC_HOOK_LAYERS, platform::Widen(described.layers).c_str());
+  EnableWindow(GetDlgItem(hook, IDC_HOOK_PREVIEW_BUTTON), described.canPreview);
+}
+
+void MakePreview(HWND hook) {
+  DropPreview(hook);
+  preview.picture = FastPreview(preview.path);
+  if (!preview.picture) preview.picture = LoadPreview(preview.path);
+}
+
+// The picture fitted into the box, its proportions kept.
+void DrawPreview(const DRAWITEMSTRUCT& item) {
+  FillRect(item.hDC, &item.rcItem, static_cast<HBRUSH>(GetStockObject(WHITE_BRUSH)));
+  const Plane* p = preview.picture;
+  if (!p) return;
+  const int boxW = item.rcItem.right - item.rcItem.left, boxH = item.rcItem.bottom - item.rcItem.top;
+  const double scale = std::min(double(boxW) / p->width, double(boxH) / p->height);
+  const int w = std::max(1, int(p->width * scale)), h = std::max(1, int(p->height * scale));
+  const size_t stride = (size_t(p->width) * 3 + 3) & ~size_t(3);
+  std::vector<uint8_t> rows(stride * size_t(p->height));
+  for (int y = 0; y < p->height; ++y)
+    PlaneStore.ReadRow(const_cast<Plane*>(p), y, 0, p->width - 1, &rows[stride * size_t(y)]);
+  BITMAPINFO info{};
+  info.bmiHeader.biSize = sizeof info.bmiHeader;
+  info.bmiHeader.biWidth = p->width;
+  info.bmiHeader.biHeight = -p->height;  // rows from the top
+  info.bmiHeader.biPlanes = 1;
+  info.bmiHeader.biBitCount = 24;
+  SetStretchBltMode(item.hDC, HALFTONE);
+  StretchDIBits(item.hDC, item.rcItem.left + (boxW - w) / 2, item.rcItem.top + (boxH - h) / 2, w, h, 0,
+                0, p->width, p->height, rows.data(), &info, DIB_RGB_COLORS, SRCCOPY);
+}
+
+UINT_PTR CALLBACK OpenHook(HWND hook, UINT message, WPARAM wParam, LPARAM lParam) {
+  switch (message) {
+    case WM_NOTIFY:
+      if (reinterpret_cast<const NMHDR*>(lParam)->code == CDN_SELCHANGE) ShowSelection(hook);
+      return 0;
+    case WM_COMMAND:
+      if (LOWORD(wParam) == IDC_HOOK_PREVIEW_BUTTON && HIWORD(wParam) == BN_CLICKED) {
+        MakePreview(hook);
+        InvalidateRect(GetDlgItem(hook, IDC_HOOK_PREVIEW), nullptr, TRUE);
+      } else if (LOWORD(wParam) == IDC_HOOK_PREVIEW && HIWORD(wParam) == STN_DBLCLK &&
+                 platform::FileExists(preview.path)) {
+        HWND dialog = GetParent(hook);
+        PostMessageW(dialog, WM_COMMAND, MAKEWPARAM(IDOK, BN_CLICKED),
+                     reinterpret_cast<LPARAM>(GetDlgItem(dialog, IDOK)));
+      }
+      return 0;
+    case WM_DRAWITEM:
+      if (wParam == IDC_HOOK_PREVIEW) DrawPreview(*reinterpret_cast<const DRAWITEMSTRUCT*>(lParam));
+      return TRUE;
+    case WM_DESTROY:
+      PlaneStore.FreePlane(&preview.picture);
+      return 0;
+  }
+  return 0;
+}
+
 bool OpenDialog(std::string* path) {
   const std::vector<FileFilter> list = OpenFilters();
   const std::wstring filters = FilterBlock(list);
   std::vector<wchar_t> chosen(kPathChars, L'\0');
   OPENFILENAMEW dialog = Dialog(filters, chosen.data(), lastOpen);
   if (dialog.nFilterIndex == 0 || dialog.nFilterIndex > list.size()) dialog.nFilterIndex = DWORD(list.size());
-  dialog.Flags = OFN_FILEMUSTEXIST | OFN_HIDEREADONLY | OFN_EXPLORER;
+  dialog.Flags = OFN_FILEMUSTEXIST | OFN_HIDEREADONLY | OFN_EXPLORER | OFN_ENABLEHOOK |
+                 OFN_ENABLETEMPLATE;
+  dialog.hInstance = win32::ProgramInstance();
+  dialog.lpTemplateName = L"ts_fopenhook";
+  dialog.lpfnHook = OpenHook;
   if (!GetOpenFileNameW(&dialog)) return false;
   Remember(&lastOpen, chosen.data(), dialog.nFilterIndex);
   *path = platform::Narrow(chosen.data());
