@@ -1,11 +1,16 @@
 #!/usr/bin/env bash
-# Runs the Win32 seam check of the Windows build under Wine, in a fresh prefix
+# Runs the Win32 seam check and the check of the WIC file plug-in of the
+# Windows build under Wine, in a fresh prefix
 # that is thrown away afterwards. Fails when the check fails or hangs.
 # Usage: scripts/wine-check.sh [build folder]   (default build-win)
 set -euo pipefail
 cd "$(dirname "$0")/.."
-exe="${1:-build-win}/tests/win32/seam_check.exe"
-[ -f "$exe" ] || { echo "no $exe: build the Windows tree first" >&2; exit 2; }
+build="${1:-build-win}"
+exe="$build/tests/win32/seam_check.exe"
+wic="$build/tests/win32/wic_plugin_check.exe"
+for file in "$exe" "$wic" "$build/dist/file_r/wic.dll"; do
+  [ -f "$file" ] || { echo "no $file: build the Windows tree first" >&2; exit 2; }
+done
 command -v wine >/dev/null || { echo "wine is missing: run scripts/install-deps.sh" >&2; exit 2; }
 
 prefix=$(mktemp -d "${TMPDIR:-/tmp}/tesel-wine.XXXXXX")
@@ -29,4 +34,10 @@ fi
 status=0
 timeout --kill-after=10 300 wine "$exe" || status=$?
 [ "$status" -eq 124 ] && echo "seam check timed out" >&2
-exit "$status"
+echo "== WIC file plug-in under Wine"
+# It finds the DLL beside itself, in ../../dist/file_r/.
+wic_status=0
+timeout --kill-after=10 300 wine "$wic" || wic_status=$?
+[ "$wic_status" -eq 124 ] && echo "WIC plug-in check timed out" >&2
+[ "$status" -ne 0 ] && exit "$status"
+exit "$wic_status"
