@@ -39,5 +39,18 @@ echo "== WIC file plug-in under Wine"
 wic_status=0
 timeout --kill-after=10 300 wine "$wic" || wic_status=$?
 [ "$wic_status" -eq 124 ] && echo "WIC plug-in check timed out" >&2
+# A reader other than WIC sees the same pixels in the PNG written under Wine:
+# the check's 37x23 gradient with alpha, at 300 dpi.
+png=$(find "$prefix" -path '*wic_plugin_check/round.png' -print -quit)
+if [ "$wic_status" -eq 0 ] && command -v identify >/dev/null && [ -n "$png" ]; then
+  seen=$(identify -format '%w %h %[channels] %[pixel:p{10,5}] %[pixel:p{36,22}] %[fx:round(resolution.x*2.54)]' "$png")
+  expected="37 23 srgba srgba(130,57,70,0.243137) srgba(135,255,255,1) 300"
+  if [ "$seen" = "$expected" ]; then
+    echo "ok   ImageMagick reads the written png as written"
+  else
+    echo "FAIL ImageMagick reads the written png as written: $seen, not $expected"
+    wic_status=1
+  fi
+fi
 [ "$status" -ne 0 ] && exit "$status"
 exit "$wic_status"
