@@ -1,6 +1,7 @@
 # A stroke saved in the native file comes back when the file is opened
 # again, after the picture was closed; saving over the file asks first, and
-# No keeps it as it was.
+# No keeps it as it was; a save into a folder that has vanished says so and
+# leaves the file where it went.
 . "$(dirname "$0")/../lib.sh"
 
 [ -e "$DIST/file_w/tsl.dll" ] && [ -e "$DIST/file_r/tsl.dll" ] || fail "no tsl plug-in in the program folder"
@@ -28,6 +29,18 @@ type_text "$folder\\drawing"
 answer "$(dialog 'Save As')" Return
 answer '"Overwrite the file\?"' n
 [ "$(stat -c %y "$DIST/drawing.tsl")" = "$saved_at" ] || fail "No changed the file"
+
+# Saved into a folder that then goes away: Save tells of the failure.
+mkdir "$DIST/away"
+keys ctrl+shift+s
+wait_for "$(dialog 'Save As')"
+type_text "$folder\\away\\drawing"
+answer "$(dialog 'Save As')" Return
+wait_until 20 test -s "$DIST/away/drawing.tsl"
+mv "$DIST/away" "$DIST/gone"
+keys ctrl+s
+answer '"Saving file failed!"' Return
+[ -s "$DIST/gone/drawing.tsl" ] && [ ! -e "$DIST/away" ] || fail "the failed save touched the files"
 
 keys ctrl+F4
 wait_documents 0
