@@ -12,6 +12,13 @@ inline uint8_t* ChannelStart(const RowSet& row, int c) {
 }
 inline int ChannelStep(int c) { return c < 3 ? 3 : 1; }
 
+// Whether the stream's first three channels are blue, green and red: then
+// blue and red go as differences from green, which takes out what the
+// three share (grain, shading) before the differences along the row.
+inline bool AllColours(const int* varying, int count) {
+  return count >= 3 && varying[0] == 0 && varying[1] == 1 && varying[2] == 2;
+}
+
 // A band of this many bytes, with this many channels in its stream.
 inline size_t RawBytes(int width, int rows, int channels) {
   return size_t(width) * size_t(rows) * size_t(channels);
@@ -20,17 +27,19 @@ inline size_t RawBytes(int width, int rows, int channels) {
 }  // namespace
 
 BandEncoder::BandEncoder() {
-  // Level 1 is fast and, on the differences, close to the higher levels; a
-  // band that repeats itself (tones, hatching) gains much from level 6, and
-  // noise-like bands from the run-length strategy, which is also faster.
+  // Level 1 is fast; a band that repeats itself (tones, hatching) gains much
+  // from level 6, a band of shading and grain some from level 5, and a
+  // noise-like band from the run-length strategy, which is also faster.
   ok_ = deflateInit2(&fast_, 1, Z_DEFLATED, 15, 8, Z_DEFAULT_STRATEGY) == Z_OK &&
         deflateInit2(&strong_, 6, Z_DEFLATED, 15, 8, Z_DEFAULT_STRATEGY) == Z_OK &&
+        deflateInit2(&medium_, 5, Z_DEFLATED, 15, 8, Z_DEFAULT_STRATEGY) == Z_OK &&
         deflateInit2(&runs_, 1, Z_DEFLATED, 15, 8, Z_RLE) == Z_OK;
 }
 
 BandEncoder::~BandEncoder() {
   deflateEnd(&fast_);
   deflateEnd(&strong_);
+  deflateEnd(&medium_);
   deflateEnd(&runs_);
 }
 
@@ -72,16 +81,18 @@ bool BandEncoder::Encode(int width, uint32_t presentMask, const std::vector<RowS
   }
   if (count == 0) return true;  // method 0: the entry says it all
 
+  const bool colours = AllColours(varying.data(), count);
   raw_.resize(RawBytes(width, int(rows.size()), count));
   uint8_t* out = raw_.data();
   for (const RowSet& row : rows) {
     for (int j = 0; j < count; ++j) {
       const int c = varying[size_t(j)];
       const uint8_t* p = ChannelStart(row, c);
+      const uint8_t* green = colours && c != 1 && c < 3 ? row.image + 1 : nullptr;
       const int step = ChannelStep(c);
       uint8_t left = 0;
       for (int x = 0; x < width; ++x) {
-        const uint8_t v = p[size_t(x) * step];
+        const uint8_t v = uint8_t(p[size_t(x) * step] - (green ? green[size_t(x) * 3] : 0));
         out[size_t(x) * count + j] = uint8_t(v - left);
         left = v;
       }
@@ -91,7 +102,9 @@ bool BandEncoder::Encode(int width, uint32_t presentMask, const std::vector<RowS
 
   size_t best = Deflate(&fast_, &best_);
   if (!best) return false;
-  z_stream* second = best * 8 < raw_.size() ? &strong_ : best * 4 > raw_.size() ? &runs_ : nullptr;
+  z_stream* second = best * 8 < raw_.size()       ? &strong_
+                     : best * 4 > raw_.size() * 3 ? &runs_
+                                                  : &medium_;
   if (second) {
     const size_t tried = Deflate(second, &trial_);
     if (tried && tried < best) {
@@ -99,7 +112,7 @@ bool BandEncoder::Encode(int width, uint32_t presentMask, const std::vector<RowS
       best_.swap(trial_);
     }
   }
-  entry->method = 1;
+  entry->method = colours ? 2 : 1;
   entry->streamBytes = uint32_t(best);
   *stream = best_.data();
   return true;
@@ -119,7 +132,8 @@ bool BandDecoder::Start(int width, int rows, uint32_t presentMask, const BandEnt
     if ((channels >> c & 1) && !(entry.constantMask >> c & 1))
       varying_[size_t(varyingCount_++)] = c;
   if (entry.method == 0) return varyingCount_ == 0 && entry.streamBytes == 0;
-  if (entry.method != 1 || varyingCount_ == 0) return false;
+  if ((entry.method != 1 && entry.method != 2) || varyingCount_ == 0) return false;
+  if ((entry.method == 2) != AllColours(varying_.data(), varyingCount_)) return false;
   const size_t bytes = RawBytes(width, rows, varyingCount_);
   if (entry.streamBytes == 0 || entry.streamBytes > MaxStreamBytes(bytes)) return false;
   raw_.resize(bytes);
@@ -157,6 +171,12 @@ void BandDecoder::Row(int width, int r, const RowSet& out) const {
       v = uint8_t(v + in[size_t(x) * count + j]);
       p[size_t(x) * step] = v;
     }
+  }
+  if (entry_.method != 2) return;
+  for (int x = 0; x < width; ++x) {
+    uint8_t* pixel = out.image + size_t(x) * 3;
+    pixel[0] = uint8_t(pixel[0] + pixel[1]);
+    pixel[2] = uint8_t(pixel[2] + pixel[1]);
   }
 }
 

@@ -42,7 +42,7 @@ class BandEncoder {
 
  private:
   size_t Deflate(z_stream* z, std::vector<uint8_t>* out);
-  z_stream fast_{}, strong_{}, runs_{};
+  z_stream fast_{}, strong_{}, medium_{}, runs_{};
   bool ok_ = false;
   std::vector<uint8_t> raw_, best_, trial_;
 };

@@ -111,7 +111,8 @@ bool ReadDirectory(std::istream& in, Directory* d);
 // One band's entry in a layer's table.
 struct BandEntry {
   uint32_t streamBytes = 0;
-  uint8_t method = 0;         // 0: no stream, every channel constant; 1: zlib
+  uint8_t method = 0;         // 0: no stream, every channel constant; 1: zlib; 2: zlib,
+                              // blue and red as differences from green
   uint16_t constantMask = 0;  // bit c: channel c holds fill[c] throughout
   std::array<uint8_t, kChannels> fill{};
 };
