@@ -1,5 +1,6 @@
 # A stroke saved in the native file comes back when the file is opened
-# again, after the picture was closed; saving over the file asks first, and
+# again, after the picture was closed (the Open dialog tells its size and
+# layers first); saving over the file asks first, and
 # No keeps it as it was; a save into a folder that has vanished says so and
 # leaves the file where it went.
 . "$(dirname "$0")/../lib.sh"
@@ -44,9 +45,17 @@ answer '"Saving file failed!"' Return
 
 keys ctrl+F4
 wait_documents 0
+# Chosen in the Open dialog's list, the file tells its size, colours and
+# layers below it before it opens.
 keys ctrl+o
 wait_for "$(dialog Open)"
-type_text "$folder\\drawing.tsl"
+type_text "$folder\\"
+dialog_keys Return
+read -r lx ly lw lh <<<"$(screen_rect 'SysListView32#1')"
+xdotool mousemove $((lx + lw - 20)) $((ly + lh - 20)) click 1
+xdotool type --delay 100 drawing
+wait_for '^2 Static#104 "200 x 150pixels FullColor" '
+has_window '^2 Static#105 "LayerCount 1" ' || fail "the Open dialog does not tell the layers"
 answer "$(dialog Open)" Return
 wait_for "${DOCUMENT}[0-9]+ \"[^\"]*drawing.tsl\""
 wait_view 200x150
