@@ -38,6 +38,15 @@ std::vector<FileFilter> OpenFilters() {
     for (size_t i = before; i < filters.size(); ++i)
       all += (all.empty() ? "" : ";") + filters[i].pattern;
   }
+  // The comic tool of an outside maker reads its own files, through
+  // whichever reader lists "mff".
+  const std::string& folder = FileFormatRegistry.programFolder;
+  if (!folder.empty() &&
+      platform::FileExists(folder + "comictool" + folder.back() + "comicreader" + platform::LibrarySuffix())) {
+    filters.push_back({"コミックツール(*.mff)", "*.mff", -1, "mff"});
+    if (!all.empty()) all += ';';
+    all += "*.mff";
+  }
   filters.push_back({StringText(kStringAllImageFiles), all, -1, ""});
   return filters;
 }

@@ -12,8 +12,9 @@ struct FileFilter {
   std::string extension;
 };
 
-// Every reader's extensions, then "All Image Files" (string 20005) with all
-// the patterns joined. A reader whose record can't be had is shown in a box
+// Every reader's extensions, the comic tool's "*.mff" when its reader is in
+// the program folder, then "All Image Files" (string 20005) with all the
+// patterns joined. A reader whose record can't be had is shown in a box
 // titled "Error" and left out.
 std::vector<FileFilter> OpenFilters();
 

@@ -11,6 +11,7 @@
 #include "document/canvas_manager.h"
 #include "document/canvas_request.h"
 #include "file/file_description.h"
+#include "file/file_filters.h"
 #include "file/file_windows.h"
 #include "file/install.h"
 #include "file/native_file.h"
@@ -116,6 +117,15 @@ TEST_F(FileHost, ScanSortsWithoutCaseAndSettlesTiesByThatOrder) {
   EXPECT_EQ(FileFormatRegistry.FindReader("picture.BOTH"), 0);
   EXPECT_EQ(FileFormatRegistry.FindWriter("picture.both"), 2);
   EXPECT_EQ(FileFormatRegistry.FindReader("dir.x/picture.png"), -1);
+  // One entry per extension of each reader, the comic tool's when it is
+  // there, and all the patterns last.
+  program.Write("comictool/comicreader.so", {0});
+  const std::vector<FileFilter> open = OpenFilters();
+  ASSERT_EQ(open.size(), 3u * 3 + 2);
+  EXPECT_EQ(std::make_pair(open[0].text, open[0].pattern), std::make_pair(std::string("Probe[*.prb]"), std::string("*.prb")));
+  EXPECT_EQ(open[9].pattern, "*.mff");
+  EXPECT_EQ(std::make_pair(open[10].text, open[10].pattern.substr(0, 16)),
+            std::make_pair(std::string("All Image Files"), std::string("*.prb;*.both;*.t")));
   // Without a dot, the whole path is the extension.
   EXPECT_EQ(FileFormatRegistry.FindReader("prb"), 0);
 }

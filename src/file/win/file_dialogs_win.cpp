@@ -136,17 +136,32 @@ UINT_PTR CALLBACK OpenHook(HWND hook, UINT message, WPARAM wParam, LPARAM lParam
   return 0;
 }
 
+// The Save dialog shows the same below it, without the catalog.
+UINT_PTR CALLBACK SaveHook(HWND hook, UINT message, WPARAM wParam, LPARAM lParam) {
+  if (message == WM_INITDIALOG) {
+    SetWindowPos(GetDlgItem(hook, IDC_HOOK_CATALOG), nullptr, 0, 0, 0, 0,
+                 SWP_NOMOVE | SWP_NOZORDER | SWP_HIDEWINDOW);
+    return 0;
+  }
+  return OpenHook(hook, message, wParam, lParam);
+}
+
+// The hook below both dialogs.
+void AddHook(OPENFILENAMEW* dialog, LPOFNHOOKPROC hook) {
+  dialog->Flags |= OFN_ENABLEHOOK | OFN_ENABLETEMPLATE;
+  dialog->hInstance = win32::ProgramInstance();
+  dialog->lpTemplateName = L"ts_fopenhook";
+  dialog->lpfnHook = hook;
+}
+
 bool OpenDialog(std::string* path) {
   const std::vector<FileFilter> list = OpenFilters();
   const std::wstring filters = FilterBlock(list);
   std::vector<wchar_t> chosen(kPathChars, L'\0');
   OPENFILENAMEW dialog = Dialog(filters, chosen.data(), lastOpen);
   if (dialog.nFilterIndex == 0 || dialog.nFilterIndex > list.size()) dialog.nFilterIndex = DWORD(list.size());
-  dialog.Flags = OFN_FILEMUSTEXIST | OFN_HIDEREADONLY | OFN_EXPLORER | OFN_ENABLEHOOK |
-                 OFN_ENABLETEMPLATE;
-  dialog.hInstance = win32::ProgramInstance();
-  dialog.lpTemplateName = L"ts_fopenhook";
-  dialog.lpfnHook = OpenHook;
+  dialog.Flags = OFN_FILEMUSTEXIST | OFN_HIDEREADONLY | OFN_EXPLORER;
+  AddHook(&dialog, OpenHook);
   if (!GetOpenFileNameW(&dialog)) return false;
   Remember(&lastOpen, chosen.data(), dialog.nFilterIndex);
   *path = platform::Narrow(chosen.data());
@@ -170,6 +185,7 @@ bool SaveDialog(const std::string& name, std::string* chosenOut, std::string* ex
   OPENFILENAMEW dialog = Dialog(block, chosen.data(), lastSave);
   if (dialog.nFilterIndex == 0 || dialog.nFilterIndex > filters.size()) dialog.nFilterIndex = NativeFilter(filters);
   dialog.Flags = OFN_HIDEREADONLY | OFN_EXPLORER | OFN_PATHMUSTEXIST;
+  AddHook(&dialog, SaveHook);
   if (!GetSaveFileNameW(&dialog)) return false;
   Remember(&lastSave, chosen.data(), dialog.nFilterIndex);
   *chosenOut = platform::Narrow(chosen.data());

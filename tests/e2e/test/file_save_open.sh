@@ -17,6 +17,8 @@ before=$(not_white_box $vx $vy 200 150)
 
 keys ctrl+shift+s
 wait_for "$(dialog 'Save As')"
+# The Save dialog has the Open dialog's lines below it, but no catalog.
+has_window '^2 Static#104 ' && no_window '^2 Button#101 ' || fail "the Save dialog's hook is not as it should be"
 type_text "$folder\\drawing"
 answer "$(dialog 'Save As')" Return
 wait_until 20 test -s "$DIST/drawing.tsl"
