@@ -10,7 +10,9 @@ set(ids "// Generated from commands.txt; do not edit.\n#pragma once\n\nnamespace
 set(table "// Generated from commands.txt; do not edit.\n#include \"base/command_table.h\"\n\n")
 string(APPEND table "extern const CommandInfo kCommandTable[] = {\n")
 set(items "// Generated from commands.txt; do not edit.\n#define ITEM(name) ITEM_##name\n")
-set(keys "// Generated from commands.txt; do not edit.\n#include <windows.h>\n\ndaAccel ACCELERATORS\nBEGIN\n")
+# The program's resource script includes this after the system's header,
+# which defines VIRTKEY and the VK_ names.
+set(keys "// Generated from commands.txt; do not edit.\n\ndaAccel ACCELERATORS\nBEGIN\n")
 set(count 0)
 set(last 0)
 set(names "")

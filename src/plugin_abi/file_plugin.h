@@ -122,6 +122,16 @@ typedef int (*WriteFileExecFn)(TeselWindow window, const char* path, FileHeader*
                                LayerPlaneTable* planes, LayerRecord* layers,
                                WriteCallbacks* callbacks);
 
+/* The record of a file that holds one flat picture: at the top left,
+   normal mix, opaque. For readers of such formats. */
+static inline void TeselSingleLayerRecord(LayerRecord* record) {
+  record->left = record->top = 0;
+  record->index = 0;
+  record->one = 1;
+  record->mixMode = record->savedMixMode = 1; /* Normal */
+  record->opacityLoss = 0;
+}
+
 /* The output buffer of ReadFileFastImage holds a path of this many bytes. */
 #define TESEL_FAST_IMAGE_PATH_BYTES 260
 

@@ -51,6 +51,27 @@ wait_gone() { wait_until "${2:-20}" no_window "$1"; }
 wait_view() { wait_for "$VIEW\"\" $1 " "${2:-20}"; }
 wait_readout() { wait_for "$ZOOM_FIELD\"$1\" " 5; }
 
+# The file dialogs, and the program folder as Wine names it (drive Z:), for
+# typing names into them.
+SAVE_AS=$(dialog 'Save As')
+OPEN=$(dialog Open)
+FOLDER="Z:$(echo "$DIST" | tr / '\\')"
+# A name typed into the file dialog that stands, and Return.
+enter_name() {
+  type_text "$2"
+  answer "$1" Return
+}
+save_as() {
+  keys ctrl+shift+s
+  wait_for "$SAVE_AS"
+  enter_name "$SAVE_AS" "$1"
+}
+open_file() {
+  keys ctrl+o
+  wait_for "$OPEN"
+  enter_name "$OPEN" "$1"
+}
+
 # Waits for a dialog or a message box, answers it with keys and waits for
 # it to go.
 answer() {

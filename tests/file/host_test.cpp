@@ -86,6 +86,16 @@ class FileHost : public TeselTest {
     PlaneStore.ReadPixel8(canvas->planes[index].plane, x, y, &v);
     return v;
   }
+  // Layer 1 at left, top, width x height, named and in a mix mode; its
+  // position 0.
+  PlaneSlot* SecondLayer(Canvas* canvas, int left, int top, int width, int height, const char* name,
+                         int mixMode, int opacityLoss, int savedMixMode) {
+    EXPECT_GT(CanvasManager.AddLayer(canvas, left, top, width, height), 0);
+    PlaneSlot* slot = &canvas->planes[SlotIndex(1, 0)];
+    std::snprintf(slot->name, kPlaneNameChars, "%s", name);
+    slot->mixMode = mixMode, slot->opacityLoss = opacityLoss, slot->savedMixMode = savedMixMode;
+    return slot;
+  }
   // Opens a file as the program does: the first half, a canvas made from
   // the request, the second half run by its creation.
   Canvas* Open(const std::string& path) {
@@ -132,10 +142,7 @@ TEST_F(FileHost, ScanSortsWithoutCaseAndSettlesTiesByThatOrder) {
 
 TEST_F(FileHost, LayeredSaveHandsOverEveryFieldAndTheLayersOwnRows) {
   Canvas* canvas = MakeBlank(6, 4);
-  ASSERT_GT(CanvasManager.AddLayer(canvas, 2, 1, 3, 2), 0);
-  PlaneSlot* top = &canvas->planes[SlotIndex(1, 0)];
-  std::snprintf(top->name, kPlaneNameChars, "Ink");
-  top->mixMode = 5, top->opacityLoss = 40, top->savedMixMode = 2;
+  PlaneSlot* top = SecondLayer(canvas, 2, 1, 3, 2, "Ink", 5, 40, 2);
   top[2].planeOff = 1;
   top[1].planeFlags[kFlagLineDraw] = 1;
   top[1].planeFlags[kFlagMask] = 1;
@@ -222,10 +229,7 @@ TEST_F(FileHost, CropDescribesLayerZeroAndReadsTheActiveLayer) {
 
 TEST_F(FileHost, NativeFileComesBackAsTheCanvasItWas) {
   Canvas* canvas = MakeBlank(5, 4);
-  ASSERT_GT(CanvasManager.AddLayer(canvas, 1, 2, 3, 2), 0);
-  PlaneSlot* top = &canvas->planes[SlotIndex(1, 0)];
-  std::snprintf(top->name, kPlaneNameChars, "Second");
-  top->mixMode = 3, top->opacityLoss = 12, top->savedMixMode = 3;
+  PlaneSlot* top = SecondLayer(canvas, 1, 2, 3, 2, "Second", 3, 12, 3);
   top[1].planeOff = 1;
   top[2].planeFlags[kFlagLineDraw] = 1;
   PlaneStore.WritePixel24(top->plane, 2, 1, 1, 2, 3);

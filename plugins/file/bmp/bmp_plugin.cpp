@@ -81,14 +81,7 @@ int ReadExec(ByteSource& source, TeselWindow window, FileHeader* header, LayerRe
   const int32_t dpi = DpiFromPixelsPerMetre(l.pixelsPerMetre);
   header->dpiX = header->dpiY = dpi > 0 ? dpi : kDefaultDpi;
   header->activeLayer = 0;
-  if (layers) {
-    LayerRecord& r = layers[0];
-    r.left = r.top = 0;
-    r.index = 0;
-    r.one = 1;
-    r.mixMode = r.savedMixMode = 1;  // Normal
-    r.opacityLoss = 0;
-  }
+  if (layers) TeselSingleLayerRecord(&layers[0]);
   const bool alpha = callbacks->PutPlaneRow && HasAlpha(source, l);
   HostSink sink(callbacks, window, l.width, l.height);
   const bool read = DecodeRows(source, l, alpha, sink);

@@ -2,7 +2,6 @@
 # the Save dialog; a name in Japanese saves and opens again.
 . "$(dirname "$0")/../lib.sh"
 
-folder="Z:$(echo "$DIST" | tr / '\\')"
 start_tesel
 new_document 100 80
 wait_documents 1
@@ -10,16 +9,12 @@ wait_documents 1
 keys alt+p Up Return
 keys ctrl+F4
 answer '"Save changes to the file\?"' y
-wait_for "$(dialog 'Save As')"
-type_text "$folder\\絵日記"
-answer "$(dialog 'Save As')" Return
+wait_for "$SAVE_AS"
+enter_name "$SAVE_AS" "$FOLDER\\絵日記"
 wait_until 20 test -s "$DIST/絵日記.tsl"
 wait_documents 0
 
-keys ctrl+o
-wait_for "$(dialog Open)"
-type_text "$folder\\絵日記.tsl"
-answer "$(dialog Open)" Return
+open_file "$FOLDER\\絵日記.tsl"
 wait_for "${DOCUMENT}[0-9]+ \"[^\"]*絵日記.tsl\""
 wait_view 100x80
 read -r vx vy _ _ <<<"$(view_rect)"

@@ -4,17 +4,15 @@
 # picture where it was drawn.
 . "$(dirname "$0")/../lib.sh"
 
-folder="Z:$(echo "$DIST" | tr / '\\')"
 open_picture 200 150
 paint_through "$((vx + 30)),$((vy + 50))" "$((vx + 170)),$((vy + 50))"
 xdotool mousemove 5 5
 
 keys ctrl+shift+s
-wait_for "$(dialog 'Save As')"
+wait_for "$SAVE_AS"
 # The filters run bmp, tsl, png, ...: tsl is chosen first, png is next.
 dialog_keys alt+t Down alt+n
-type_text "$folder\\stroke"
-answer "$(dialog 'Save As')" Return
+enter_name "$SAVE_AS" "$FOLDER\\stroke"
 answer "$(dialog Tesel)" Return
 wait_until 20 test -s "$DIST/stroke.png"
 # The paint's box as ImageMagick sees it: "<w>x<h>+<x>+<y>".
@@ -24,10 +22,7 @@ read -r w h x y <<<"${box//[x+]/ }"
   fail "ImageMagick finds the paint at $box, not along y 50 from x 30 to 170"
 
 convert -size 64x48 xc:none -fill red -draw 'rectangle 10,10 29,29' "$DIST/square.png"
-keys ctrl+o
-wait_for "$(dialog Open)"
-type_text "$folder\\square.png"
-answer "$(dialog Open)" Return
+open_file "$FOLDER\\square.png"
 wait_for "${DOCUMENT}[0-9]+ \"[^\"]*square.png\""
 wait_view 64x48
 read -r vx vy _ _ <<<"$(view_rect)"

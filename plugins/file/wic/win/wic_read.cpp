@@ -196,14 +196,7 @@ int ReadExec(TeselWindow window, const char* path, FileHeader* header, LayerReco
   f.frame->GetResolution(&dpiX, &dpiY);
   header->dpiX = header->dpiY = DpiFrom(dpiX);
   header->activeLayer = 0;
-  if (layers) {
-    LayerRecord& r = layers[0];
-    r.left = r.top = 0;
-    r.index = 0;
-    r.one = 1;
-    r.mixMode = r.savedMixMode = 1;  // Normal
-    r.opacityLoss = 0;
-  }
+  if (layers) TeselSingleLayerRecord(&layers[0]);
   const bool alpha = callbacks->PutPlaneRow && HasAlpha(f.factory.get(), f.frame.get());
   const bool read = DeliverRows(f, window, alpha, callbacks);
   TeselReportProgress(window, TESEL_PROGRESS_CLEAR, 0);
