@@ -34,7 +34,9 @@ struct Settings {
   int32_t reserved416;
   PanelPlace panelStates[10];
   uint8_t paletteArea[kPaletteAreaBytes];
-  int32_t reserved364148[3];
+  int32_t showPlanes;   // the layer panel shows every plane, not only images
+  int32_t palettePage;  // the palette page shown; 3 is the gradient page
+  int32_t colorModel;   // what the palette's colour bars show
   int32_t selectionHistorySize;
   int32_t numberNotation;
   int32_t defaultDisplay;
@@ -104,7 +106,9 @@ static_assert(offsetof(Settings, colorState) == 352);
 static_assert(offsetof(Settings, reserved416) == 416);
 static_assert(offsetof(Settings, panelStates) == 420);
 static_assert(offsetof(Settings, paletteArea) == 660);
-static_assert(offsetof(Settings, reserved364148) == 364148);
+static_assert(offsetof(Settings, showPlanes) == 364148);
+static_assert(offsetof(Settings, palettePage) == 364152);
+static_assert(offsetof(Settings, colorModel) == 364156);
 static_assert(offsetof(Settings, selectionHistorySize) == 364160);
 static_assert(offsetof(Settings, numberNotation) == 364164);
 static_assert(offsetof(Settings, defaultDisplay) == 364168);

@@ -1,0 +1,30 @@
+// LayerCommand: one item of the layer menus (tsLayPartsMenu and
+// tsLayPartsMenu2), on the layer that holds planeIndex. The layer panel's
+// rows and its strip reach every layer operation through here.
+#pragma once
+
+#include "document/canvas.h"
+
+enum LayerMenuItem : int {
+  kLayerItemAdd = 1,
+  kLayerItemDelete = 2,
+  kLayerItemDuplicate = 3,
+  kLayerItemSetting = 4,
+  kLayerItemResize = 5,
+  kLayerItemPlanes = 6,  // tsl_alpopt
+  kLayerItemMergeLayers = 7,
+  kLayerItemDropShadow = 8,
+  kLayerItemMergeDown = 9,
+  kLayerItemAddTransparency = 11,
+  kLayerItemAddMask = 12,
+};
+
+// Refused without a word while a layer resize by drag is open or a
+// colour-adjust window owns the pointer. After a change the layer panel
+// is told (message 1036, -1, the canvas) and the picture repaints.
+// 1 when the item ran, 0 when it was refused or cancelled.
+int LayerCommand(Canvas* canvas, int item, int planeIndex);
+
+// True while the modeless resize-by-sides dialog is open: the frame
+// ignores commands meanwhile.
+bool LayerResizeOpen();
