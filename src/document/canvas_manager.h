@@ -60,8 +60,8 @@ class CanvasManagerObject {
   // modified = 1, and the layer panel redraws the active plane's thumbnail.
   void MarkModified(Canvas* canvas);
 
-  // What the user sees for a plane: its name at position 0, else a label
-  // made from the position ("Mask", "Transparency", "Line Draw2", ...).
+  // What the user sees for a plane: its name at position 0, else its
+  // AlphaPlaneName.
   std::string PlaneLabel(const Canvas* canvas, int index) const;
   // The document window's title: accuracy, active plane, file name.
   std::string TitleText(const Canvas* canvas) const;

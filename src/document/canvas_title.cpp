@@ -1,4 +1,5 @@
 // What the user reads about a plane: its label, and the window title.
+#include "document/alpha_plane_name.h"
 #include "document/canvas_manager.h"
 #include "document/canvas_slots.h"
 #include "resources/strings.h"
@@ -9,35 +10,12 @@ constexpr int kStringDoubleAccuracy = 1100;
 constexpr int kStringStandardAccuracy = 1101;
 constexpr int kStringTitle = 1102;
 
-enum class FurtherKind { Mask, Transparency, LineDraw };
-
-// The flags decide; a plane without one goes by its name's letter.
-FurtherKind KindOf(const PlaneSlot& slot) {
-  if (slot.planeFlags[kFlagLineDraw]) return FurtherKind::LineDraw;
-  if (slot.planeFlags[kFlagMask]) return FurtherKind::Mask;
-  if (slot.planeFlags[kFlagTransparency]) return FurtherKind::Transparency;
-  return slot.name[1] == 'M' ? FurtherKind::Mask : FurtherKind::Transparency;
-}
-
 }  // namespace
 
 std::string CanvasManagerObject::PlaneLabel(const Canvas* canvas, int index) const {
-  const PlaneSlot* slots = &canvas->planes[SlotIndex(LayerOf(index), 0)];
-  const int position = PositionOf(index);
-  if (position == kImagePosition)
-    return FieldText(slots[position].name, kPlaneNameChars);
-  if (position == kMaskPosition) return "Mask";
-  if (position == kTransparencyPosition) return "Transparency";
-  // Further planes count up by kind; position 1 is the first mask, so the
-  // further masks start at 2.
-  const FurtherKind kind = KindOf(slots[position]);
-  int count = kind == FurtherKind::Mask ? 2 : 1;
-  for (int p = kFirstFurtherPosition; p < position; ++p)
-    if (slots[p].plane && KindOf(slots[p]) == kind) ++count;
-  const char* word = kind == FurtherKind::Mask           ? "Mask"
-                     : kind == FurtherKind::Transparency ? "Transparency"
-                                                         : "Line Draw";
-  return word + std::to_string(count);
+  if (PositionOf(index) == kImagePosition)
+    return FieldText(canvas->planes[index].name, kPlaneNameChars);
+  return AlphaPlaneName(canvas, index);
 }
 
 std::string CanvasManagerObject::TitleText(const Canvas* canvas) const {

@@ -1,5 +1,6 @@
 #include "shell/install.h"
 
+#include "adjust/copy_between_channels.h"
 #include "file/install.h"
 #include "paint/install.h"
 #include "shell/file_commands.h"
@@ -16,6 +17,7 @@ void InstallShell(const std::string& tempFolder) {
 
 void InstallSubsystems(const std::string& programFolder, const std::string& tempFolder) {
   InstallPaint();
+  InstallAdjust();
   InstallFile(programFolder);
   InstallShell(tempFolder);
 }

@@ -14,26 +14,30 @@ TEST_F(CanvasPlanes, LabelsTitlesAndAccuracyFollowTheActivePlane) {
   EXPECT_EQ(24u, s[0].accuracyPlane->bits);
   EXPECT_EQ("Double Accuracy [LAYER0] of Untitled", CanvasManager.TitleText(canvas));
   for (int isTransparency : {0, 1, 1, 0, 1}) CanvasManager.AddPlane(canvas, 0, isTransparency);
-  s[5].planeFlags[kFlagLineDraw] = 1;      // a T plane turned Line Draw
-  s[6].planeFlags[kFlagTransparency] = 1;  // an M plane turned Transparency
+  // Kinds as the planes dialog sets them; the last plane has none. Line
+  // Draw counts on with transparency.
+  s[3].planeFlags[kFlagMask] = 1;
+  s[4].planeFlags[kFlagTransparency] = 1;
+  s[5].planeFlags[kFlagLineDraw] = 1;
+  s[6].planeFlags[kFlagTransparency] = 1;
   std::vector<std::string> labels;
   for (int index = 0; index < 8; ++index) labels.push_back(CanvasManager.PlaneLabel(canvas, index));
-  EXPECT_EQ((std::vector<std::string>{"LAYER0", "Mask", "Transparency", "Mask2", "Transparency1", "Line Draw1",
-                                      "Transparency2", "Transparency3"}),
+  EXPECT_EQ((std::vector<std::string>{"LAYER0", "Mask", "Transparency", "Mask2", "Transparency1",
+                                      "Line Draw2", "Transparency3", "その他7"}),
             labels);
 
   CanvasManager.SelectPlane(canvas, 5);
   EXPECT_EQ(nullptr, s[0].accuracyPlane);
   EXPECT_EQ(8u, s[5].accuracyPlane->bits);
   std::snprintf(canvas->fileName, kFileNameChars, "C:\\art\\ink.tsl");
-  EXPECT_EQ("Double Accuracy [Line Draw1] of C:\\art\\ink.tsl", CanvasManager.TitleText(canvas));
+  EXPECT_EQ("Double Accuracy [Line Draw2] of C:\\art\\ink.tsl", CanvasManager.TitleText(canvas));
   PlaneStore.WritePixel8(s[5].accuracyPlane, 3, 3, 200);
   CanvasManager.ClearAccuracy(canvas);
   EXPECT_TRUE(AllBytes(s[5].accuracyPlane, 0));
   canvas->doubleAccuracy = 0;
   CanvasManager.ResetAccuracy(canvas, 1);
   EXPECT_EQ(nullptr, s[5].accuracyPlane);
-  EXPECT_EQ("Standard Accuracy [Line Draw1] of C:\\art\\ink.tsl", CanvasManager.TitleText(canvas));
+  EXPECT_EQ("Standard Accuracy [Line Draw2] of C:\\art\\ink.tsl", CanvasManager.TitleText(canvas));
 
   CanvasManager.MarkModified(canvas);  // the panel redraws the active plane
   auto told = headless::MessagesTo(platform::Window::LayerPanel, platform::MsgLayerRedraw);

@@ -9,6 +9,7 @@
 #include <string>
 #include <vector>
 
+#include "adjust/reset.h"
 #include "base/reset.h"
 #include "display/reset.h"
 #include "document/canvas_manager.h"
@@ -44,6 +45,7 @@ class TeselTest : public ::testing::Test {
     ResetDocument();
     ResetDisplay();
     ResetPaint();
+    ResetAdjust();
     ResetFile();
     ResetShell();
   }

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "adjust/win/adjust_windows_win.h"
 #include "base/command_ids.h"
 #include "display/win/view_windows_win.h"
 #include "paint/win/stroke_windows_win.h"
@@ -69,6 +70,7 @@ bool OnFrameCreate(HWND frame, const CREATESTRUCTW* create) {
   ConnectShellWindows();
   InstallViewWindows();
   InstallStrokeWindows();
+  InstallAdjustWindows();
   InstallFileWindows();
   // The settings are read by now.
   InstallSubsystems(startFolder, tempFolder);
