@@ -61,10 +61,14 @@ void AverageRow3(const std::vector<Span>& columns, const Span& rows, const uint8
         redWeight = _mm_add_pd(redWeight, _mm_mul_pd(weight, _mm_set_pd(1.0, pixel[2])));
       }
     }
-    alignas(16) double sums[4];
-    _mm_store_pd(sums, blueGreen);
-    _mm_store_pd(sums + 2, redWeight);
-    for (int ch = 0; ch < 3; ch++) *out++ = static_cast<uint8_t>(sums[ch] / sums[3] + 0.5);
+    // Each mean is sum / weight + 0.5, truncated, as one division a lane.
+    const __m128d half = _mm_set1_pd(0.5);
+    const __m128d weights = _mm_unpackhi_pd(redWeight, redWeight);
+    const __m128i means = _mm_cvttpd_epi32(_mm_add_pd(_mm_div_pd(blueGreen, weights), half));
+    const __m128i red = _mm_cvttpd_epi32(_mm_add_sd(_mm_div_sd(redWeight, weights), half));
+    *out++ = static_cast<uint8_t>(_mm_cvtsi128_si32(means));
+    *out++ = static_cast<uint8_t>(_mm_cvtsi128_si32(_mm_srli_si128(means, 4)));
+    *out++ = static_cast<uint8_t>(_mm_cvtsi128_si32(red));
   }
 }
 
