@@ -60,21 +60,6 @@ ChannelBytes BytesOf(LayerRows& rows, int channel, bool isOrigin) {
   }
 }
 
-// The layer position a destination's row is written to; -1 for the
-// selection.
-int PositionWritten(int destination) {
-  switch (destination) {
-    case kChannelMask:
-      return kMaskPosition;
-    case kChannelTransparency:
-      return kTransparencyPosition;
-    case kChannelSelection:
-      return -1;
-    default:
-      return destination >= kChannelFirstPlane ? PlanePositionOf(destination) : kImagePosition;
-  }
-}
-
 uint8_t Mix(unsigned value, unsigned old, unsigned w) {
   return static_cast<uint8_t>(std::min(255u, unsigned(Mul255(value, 255 - w)) + Mul255(old, w)));
 }
@@ -136,7 +121,7 @@ int CopyChannels(Canvas* canvas, int origin, int destination, bool inverted, boo
   canvas->activePlane = ActiveLayerBase(canvas);
   const PlaneSlot& image = canvas->planes[canvas->activePlane];
   const int x0 = image.left, x1 = image.left + width - 1;
-  const int written = PositionWritten(destination);
+  const int written = ChannelPosition(destination);
   LayerRows rows(std::max(width, 1));
   for (int row = 0; row < height; ++row) {
     const int y = image.top + row;

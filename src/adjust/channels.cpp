@@ -15,6 +15,19 @@ bool HasPlane(const Canvas* canvas, int position) {
 
 }  // namespace
 
+int ChannelPosition(int channel) {
+  switch (channel) {
+    case kChannelMask:
+      return kMaskPosition;
+    case kChannelTransparency:
+      return kTransparencyPosition;
+    case kChannelSelection:
+      return -1;
+    default:
+      return channel >= kChannelFirstPlane ? PlanePositionOf(channel) : kImagePosition;
+  }
+}
+
 std::vector<std::string> ChannelListNames(const Canvas* canvas) {
   std::vector<std::string> names;
   for (int channel : {kChannelRed, kChannelGreen, kChannelBlue, kChannelBrightness})

@@ -23,6 +23,10 @@ enum Channel : int {
 // The position a channel of kChannelFirstPlane and above stands for.
 inline int PlanePositionOf(int channel) { return channel - 7; }
 
+// The layer position whose plane holds a channel: 0 for the colours and
+// brightness, -1 for the selection, which is no plane of the layer.
+int ChannelPosition(int channel);
+
 // One list of the dialog for the active layer: the colours and brightness,
 // "Mask" when the layer has one, each further plane that exists, and
 // "Selection". Transparency is left out: it is no choice of the dialog.

@@ -11,24 +11,6 @@
 AdjustWindows adjustWindows;
 ChannelCopyChoice channelCopyChoice;
 
-namespace {
-
-// The copy changes the destination's plane, which need not be the active
-// one: that plane gets a base record first, so that undo finds what it was.
-int PlaneChangedBy(const Canvas* canvas, int destination) {
-  const int base = ActiveLayerBase(canvas);
-  switch (destination) {
-    case kChannelMask:
-      return base + kMaskPosition;
-    case kChannelTransparency:
-      return base + kTransparencyPosition;
-    default:
-      return destination >= kChannelFirstPlane ? base + PlanePositionOf(destination) : base;
-  }
-}
-
-}  // namespace
-
 int CopyBetweenChannels(Canvas* canvas) {
   if (!canvas || !adjustWindows.channelCopyDialog) return 0;
   ChannelCopyChoice choice = channelCopyChoice;
@@ -37,14 +19,17 @@ int CopyBetweenChannels(Canvas* canvas) {
   const int origin = ChannelOfName(canvas, choice.originName);
   const int destination = ChannelOfName(canvas, choice.destinationName);
   if (origin < 0 || destination < 0) return 0;
-  // The selection is no plane of the picture's history.
-  const bool picture = destination != kChannelSelection;
-  const int changed = PlaneChangedBy(canvas, destination);
-  if (picture && changed != canvas->activePlane && canvas->planes[changed].plane)
-    UndoHistory.RecordUndo(canvas, changed, 0, -1, -1, -1, -1, 0);
+  // The selection is no plane of the picture's history. The plane written
+  // need not be the active one: it gets a base record first, so that undo
+  // finds what it was.
+  const int position = ChannelPosition(destination);
+  const int written = position < 0 ? -1 : ActiveLayerBase(canvas) + position;
+  const bool recorded = written >= 0 && canvas->planes[written].plane;
+  if (recorded && written != canvas->activePlane)
+    UndoHistory.RecordUndo(canvas, written, 0, -1, -1, -1, -1, 0);
   if (!CopyChannels(canvas, origin, destination, choice.inverted, choice.insideOnly)) return 0;
-  if (picture) {
-    UndoHistory.RecordUndo(canvas, changed, 1, -1, -1, -1, -1, 0);
+  if (recorded) {
+    UndoHistory.RecordUndo(canvas, written, 1, -1, -1, -1, -1, 0);
     CanvasManager.MarkModified(canvas);
   }
   if (viewWindows.invalidate) viewWindows.invalidate(canvas);

@@ -255,6 +255,11 @@ TEST_F(ChannelCopy, TheCommandKeepsTheChoiceRecordsUndoAndRepaints) {
   EXPECT_EQ(0, CopyBetweenChannels(canvas));
   EXPECT_EQ(mask, PlaneBytes(Slot(canvas, kMaskPosition)));
   EXPECT_EQ(1, repaints);
+
+  // A plane the layer lacks, named all the same, is written nowhere.
+  PlaneStore.FreePlane(&canvas->planes[canvas->activePlane + kTransparencyPosition].plane);
+  answer.destinationName = "Transparency";
+  EXPECT_EQ(1, CopyBetweenChannels(canvas));
 }
 
 }  // namespace
