@@ -71,7 +71,8 @@ Sample SampleOf(int k, int m, int n) {
 // further left in the same output row; one that took none yet in the row
 // takes what it held at the end of the row before (zeros at first). That is
 // the resampler's known look at the edges, and it stays. Columns with such
-// a carried tap are worked apart, pixel by pixel.
+// a carried tap are worked apart, pixel by pixel; they are the first ones,
+// since a tap that has met the plane has a pixel from then on.
 struct Column {
   std::array<int32_t, 4> weight;
   std::array<int, 4> offset;  // bytes into the row; -1: carried from the row before
