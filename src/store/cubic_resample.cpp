@@ -1,3 +1,5 @@
+#include <emmintrin.h>
+
 #include <algorithm>
 #include <array>
 #include <cstring>
@@ -11,7 +13,10 @@
 // row is filtered across once into exact integer sums h = sum wx[i] p[i],
 // kept for the output rows that use it, and each output byte is then
 // sum wy[j] h[j]. No step rounds and no sum leaves 32 bits, so the two
-// passes give the very integers of the block formula.
+// passes give the very integers of the block formula. Each h (at most
+// 255 times the sum of the tap sizes, under 2^17) is kept as 256 high + low,
+// both 16 bits, so that the second pass multiplies and adds pairs of them
+// at once: sum wy h = 256 sum wy high + sum wy low.
 
 namespace {
 
@@ -102,35 +107,78 @@ std::vector<Column> ColumnsOf(const TapTable& taps, int w, int width, int n) {
 struct FilteredRow {
   int y = -1;
   std::vector<uint8_t> pixels;
-  std::vector<int32_t> sums;
+  std::vector<int16_t> high, low;  // h >> 8 and h & 255
 };
 
+// Columns with a carried tap get sums of some pixels of the row, which
+// their own working replaces.
 template <int kBytes>
-void FilterAcross(const std::vector<Column>& columns, const uint8_t* row, int32_t* sums) {
+void FilterAcross(const std::vector<Column>& columns, const uint8_t* row, FilteredRow& out) {
+  int16_t* high = out.high.data();
+  int16_t* low = out.low.data();
   for (const Column& column : columns) {
-    if (column.carried) {
-      sums += kBytes;
-      continue;
-    }
-    const uint8_t* p0 = row + column.offset[0];
-    const uint8_t* p1 = row + column.offset[1];
-    const uint8_t* p2 = row + column.offset[2];
-    const uint8_t* p3 = row + column.offset[3];
+    const uint8_t* p0 = row + std::max(column.offset[0], 0);
+    const uint8_t* p1 = row + std::max(column.offset[1], 0);
+    const uint8_t* p2 = row + std::max(column.offset[2], 0);
+    const uint8_t* p3 = row + std::max(column.offset[3], 0);
     for (int ch = 0; ch < kBytes; ch++) {
-      *sums++ = column.weight[0] * p0[ch] + column.weight[1] * p1[ch] + column.weight[2] * p2[ch] +
-                column.weight[3] * p3[ch];
+      const int32_t h = column.weight[0] * p0[ch] + column.weight[1] * p1[ch] +
+                        column.weight[2] * p2[ch] + column.weight[3] * p3[ch];
+      *high++ = static_cast<int16_t>(h >> 8);
+      *low++ = static_cast<int16_t>(h & 255);
     }
   }
 }
 
-void FilterDown(const int32_t* wy, const int32_t* const* sums, int count, uint8_t* out) {
-  const int32_t* h0 = sums[0];
-  const int32_t* h1 = sums[1];
-  const int32_t* h2 = sums[2];
-  const int32_t* h3 = sums[3];
-  for (int k = 0; k < count; k++) {
-    const int32_t sum = wy[0] * h0[k] + wy[1] * h1[k] + wy[2] * h2[k] + wy[3] * h3[k];
-    out[k] = static_cast<uint8_t>(std::clamp(sum >> 16, 0, 255));
+uint8_t Clamped(int32_t sum) { return static_cast<uint8_t>(std::clamp(sum >> 16, 0, 255)); }
+
+// sum wy[j] h[j] for the eight bytes from k on, as 32-bit sums of the high
+// and of the low parts, each pair of rows by one multiply-add.
+void SumEight(const __m128i* weights, const FilteredRow* const* rows, int k, __m128i sums[2][2]) {
+  for (int part = 0; part < 2; part++) {
+    __m128i first = _mm_setzero_si128(), second = _mm_setzero_si128();
+    for (int j = 0; j < 4; j += 2) {
+      const std::vector<int16_t>& a = part ? rows[j]->low : rows[j]->high;
+      const std::vector<int16_t>& b = part ? rows[j + 1]->low : rows[j + 1]->high;
+      const __m128i va =
+          _mm_loadu_si128(reinterpret_cast<const __m128i*>(&a[static_cast<size_t>(k)]));
+      const __m128i vb =
+          _mm_loadu_si128(reinterpret_cast<const __m128i*>(&b[static_cast<size_t>(k)]));
+      first = _mm_add_epi32(first, _mm_madd_epi16(_mm_unpacklo_epi16(va, vb), weights[j / 2]));
+      second = _mm_add_epi32(second, _mm_madd_epi16(_mm_unpackhi_epi16(va, vb), weights[j / 2]));
+    }
+    sums[part][0] = first;
+    sums[part][1] = second;
+  }
+}
+
+// Two 16-bit weights a, b over and over, to multiply pairs by.
+__m128i WeightPairs(int32_t a, int32_t b) {
+  return _mm_set1_epi32(
+      static_cast<int32_t>(static_cast<uint16_t>(a) | static_cast<uint32_t>(b) << 16));
+}
+
+void FilterDown(const int32_t* wy, const FilteredRow* const* rows, int count, uint8_t* out) {
+  const __m128i weights[2] = {WeightPairs(wy[0], wy[1]), WeightPairs(wy[2], wy[3])};
+  int k = 0;
+  for (; k + 8 <= count; k += 8) {
+    __m128i sums[2][2];
+    SumEight(weights, rows, k, sums);
+    // 256 high + low, shifted down; the packs clamp to 0..255.
+    const __m128i first =
+        _mm_srai_epi32(_mm_add_epi32(_mm_slli_epi32(sums[0][0], 8), sums[1][0]), 16);
+    const __m128i second =
+        _mm_srai_epi32(_mm_add_epi32(_mm_slli_epi32(sums[0][1], 8), sums[1][1]), 16);
+    const __m128i words = _mm_packs_epi32(first, second);
+    _mm_storel_epi64(reinterpret_cast<__m128i*>(out + k), _mm_packus_epi16(words, words));
+  }
+  for (; k < count; k++) {
+    int32_t sum = 0;
+    for (int j = 0; j < 4; j++) {
+      const size_t at = static_cast<size_t>(k);
+      sum += wy[j] * (rows[j]->high[at] * 256 + rows[j]->low[at]);
+    }
+    out[k] = Clamped(sum);
   }
 }
 
@@ -151,7 +199,7 @@ class EdgeBlock {
           sum += wy[j] * column.weight[i] * p;
         }
       }
-      out[ch] = static_cast<uint8_t>(std::clamp(sum >> 16, 0, 255));
+      out[ch] = Clamped(sum);
     }
   }
 
@@ -182,30 +230,31 @@ Plane* CubicResample(Plane* source, int width, int height, int kernel) {
   FilteredRow held[4];
   for (FilteredRow& row : held) {
     row.pixels = RowBuffer(source);
-    row.sums.resize(static_cast<size_t>(width) * n);
+    row.high.resize(static_cast<size_t>(width) * n);
+    row.low.resize(static_cast<size_t>(width) * n);
   }
   std::vector<uint8_t> outRow = RowBuffer(out);
   EdgeBlock edge(n);
   for (int r = 0; r < height; r++) {
     const Sample sy = SampleOf(r, h, height);
     const uint8_t* rows[4];
-    const int32_t* sums[4];
+    const FilteredRow* filtered[4];
     for (int j = 0; j < 4; j++) {
       const int y = std::clamp(sy.at - 1 + j, 0, h - 1);
       FilteredRow& row = held[y & 3];
       if (row.y != y) {
         ReadWholeRow(source, y, row.pixels.data());
         if (n == 3)
-          FilterAcross<3>(columns, row.pixels.data(), row.sums.data());
+          FilterAcross<3>(columns, row.pixels.data(), row);
         else
-          FilterAcross<1>(columns, row.pixels.data(), row.sums.data());
+          FilterAcross<1>(columns, row.pixels.data(), row);
         row.y = y;
       }
       rows[j] = row.pixels.data();
-      sums[j] = row.sums.data();
+      filtered[j] = &row;
     }
     const int32_t* wy = taps[sy.fraction];
-    FilterDown(wy, sums, width * n, outRow.data());
+    FilterDown(wy, filtered, width * n, outRow.data());
     for (int c = 0; c < width && columns[static_cast<size_t>(c)].carried; c++) {
       edge.Resample(columns[static_cast<size_t>(c)], wy, rows, &outRow[static_cast<size_t>(c) * n]);
     }
