@@ -3,6 +3,7 @@
 // rows and its strip reach every layer operation through here.
 #pragma once
 
+#include "base/hook_list.h"
 #include "document/canvas.h"
 
 enum LayerMenuItem : int {
@@ -26,5 +27,17 @@ enum LayerMenuItem : int {
 int LayerCommand(Canvas* canvas, int item, int planeIndex);
 
 // True while the modeless resize-by-sides dialog is open: the frame
-// ignores commands meanwhile.
+// ignores commands meanwhile (layers/layer_resize.h).
 bool LayerResizeOpen();
+
+// Set by the colour adjustments while one of their windows owns the
+// pointer: the frame's commands and the layer menus are refused meanwhile.
+extern bool colorAdjustOwnsPointer;
+
+// A layer went or changed size: the document's title and size display
+// follow (the shell adds the hook).
+extern HookList<Canvas*> layersTitleHooks;
+
+// The layer panel redraws its list of the canvas (message 1036, -1) and the
+// picture repaints.
+void LayersChanged(Canvas* canvas);

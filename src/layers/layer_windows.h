@@ -54,6 +54,8 @@ struct LayerWindows {
   // tsl_layresize, modeless: opens and returns; the dialog calls the
   // resize-by-sides session (layer_resize.h) as the user works.
   std::function<void(Canvas* canvas, int planeIndex)> openResizeBySides;
+  // The open tsl_layresize shows new sides (an edge of the box was dragged).
+  std::function<void(const SideChoice& sides)> resizeSidesShown;
   // tsl_canvresize, tsl_resize, tsl_rotate: true on OK.
   std::function<bool(const Canvas* canvas, SideChoice* choice)> canvasResizeDialog;
   std::function<bool(const Canvas* canvas, ResizeChoice* choice)> resizeDialog;

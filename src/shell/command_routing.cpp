@@ -3,15 +3,13 @@
 #include "base/command_registry.h"
 #include "shell/shell_windows.h"
 
-bool layerResizeDragging = false;
 bool textDialogOpen = false;
-bool colorAdjustOwnsPointer = false;
 bool commandRunning = false;
 
 HookList<Canvas*> undoSnapshotHooks;
 
 void RouteCommand(int id, intptr_t lParam) {
-  if (layerResizeDragging || textDialogOpen) return;
+  if (LayerResizeOpen() || textDialogOpen) return;
   if (FrameCommand(id, lParam)) return;
   // Not the frame's: the active document does it. With no document there is
   // nothing to do, so picture commands never check for one.
@@ -22,8 +20,6 @@ void RouteCommand(int id, intptr_t lParam) {
 
 void ResetCommandRouting() {
   undoSnapshotHooks.Clear();
-  layerResizeDragging = false;
   textDialogOpen = false;
-  colorAdjustOwnsPointer = false;
   commandRunning = false;
 }

@@ -12,11 +12,11 @@
 #include "base/command_registry.h"
 #include "document/canvas.h"
 #include "base/hook_list.h"
+#include "layers/layer_command.h"
 
 // Set by their owners: while any holds, commands are ignored or swallowed.
-extern bool layerResizeDragging;     // a layer is being resized by dragging
-extern bool textDialogOpen;          // the Text dialog (tsl_text) is open
-extern bool colorAdjustOwnsPointer;  // a colour-adjust window owns the pointer
+// So do an open layer resize (LayerResizeOpen) and colorAdjustOwnsPointer.
+extern bool textDialogOpen;  // the Text dialog (tsl_text) is open
 
 // 1 for the length of a document's command handler; the view hides the
 // pointer's outline meanwhile.

@@ -2,8 +2,10 @@
 
 #include "adjust/copy_between_channels.h"
 #include "file/install.h"
+#include "layers/install.h"
 #include "paint/install.h"
 #include "shell/file_commands.h"
+#include "shell/layer_commands.h"
 #include "shell/right_click_keys.h"
 #include "shell/smooth_zoom_tool.h"
 #include "shell/undo_commands.h"
@@ -11,11 +13,13 @@
 void InstallShell(const std::string& tempFolder) {
   InstallUndoHistory();
   InstallFileCommands();
+  InstallLayerCommands();
   InstallSmoothZoomTool(tempFolder);
   InstallRightClickKeys();
 }
 
 void InstallSubsystems(const std::string& programFolder, const std::string& tempFolder) {
+  InstallLayers();
   InstallPaint();
   InstallAdjust();
   InstallFile(programFolder);

@@ -5,6 +5,7 @@
 
 #include "display/view_windows.h"
 #include "document/canvas_manager.h"
+#include "layers/layer_resize.h"
 #include "base/command_ids.h"
 #include "base/command_table.h"
 #include "shell/history_menu.h"
@@ -54,7 +55,12 @@ TEST_F(Routing, FrameKeepsItsOwnCommandsPassesTheRestAndBlocksWhileBusy) {
   Canvas* canvas = OpenBlank(8, 4);
   // Resizing a layer or the text dialog blocks everything; an open colour
   // adjustment swallows even the frame's commands.
-  for (bool* flag : {&layerResizeDragging, &textDialogOpen, &colorAdjustOwnsPointer}) {
+  layerWindows.openResizeBySides = [](Canvas*, int) {};
+  ASSERT_EQ(ResizeLayerBySides(canvas, 0), 1);
+  RouteCommand(12000, 0);
+  RouteCommand(11013, 0);
+  CloseResizeBySides();
+  for (bool* flag : {&textDialogOpen, &colorAdjustOwnsPointer}) {
     *flag = true;
     RouteCommand(12000, 0);
     RouteCommand(11013, 0);

@@ -16,6 +16,7 @@
 #include "document/canvas_request.h"
 #include "document/reset.h"
 #include "file/reset.h"
+#include "layers/reset.h"
 #include "paint/reset.h"
 #include "pixel/reset.h"
 #include "platform/headless/headless.h"
@@ -44,6 +45,7 @@ class TeselTest : public ::testing::Test {
     ResetPixel();
     ResetDocument();
     ResetDisplay();
+    ResetLayers();
     ResetPaint();
     ResetAdjust();
     ResetFile();

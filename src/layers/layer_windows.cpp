@@ -1,0 +1,3 @@
+#include "layers/layer_windows.h"
+
+LayerWindows layerWindows;

@@ -1,0 +1,13 @@
+#include "layers/reset.h"
+
+#include "layers/layer_command.h"
+#include "layers/layer_resize.h"
+#include "layers/layer_windows.h"
+
+void ResetLayers() {
+  CloseResizeBySides();
+  resizeSides = {};
+  colorAdjustOwnsPointer = false;
+  layersTitleHooks.Clear();
+  layerWindows = {};
+}

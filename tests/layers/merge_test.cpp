@@ -1,0 +1,158 @@
+#include <memory>
+
+#include "base/command_ids.h"
+#include "document/active_canvas.h"
+#include "document/undo_history.h"
+#include "layers/merge_down.h"
+#include "layers/merge_layers.h"
+#include "layers_fixture.h"
+#include "shell/command_routing.h"
+#include "shell/layer_commands.h"
+#include "shell/shell_windows.h"
+
+namespace {
+
+using Merge = LayersTest;
+
+// 300 x 270 crosses the 256-pixel blocks both ways.
+constexpr int kWidth = 300, kHeight = 270;
+
+TEST_F(Merge, WithLowerOnLayerThreeMergesTheBaseUpToItAndKeepsTheLayersAbove) {
+  Canvas* canvas = MakeLayered(kWidth, kHeight, 6, {2, 8, 9, 3, 4});
+  canvas->planes[5 * 8].mixMode = 0;  // a hidden layer above stays hidden
+  Plane* fourth = canvas->planes[4 * 8].plane;
+  Plane* fifth = canvas->planes[5 * 8].plane;
+  // What layers 0..3 look like on their own, the base making the start.
+  auto expected = std::make_unique<Canvas>(*canvas);
+  expected->planes[4 * 8].mixMode = expected->planes[5 * 8].mixMode = 0;
+  const std::vector<uint8_t> picture = Reference(*expected, true);
+  const std::vector<uint8_t> coverage = ReferenceCoverage(*expected);
+
+  canvas->activePlane = 3 * 8;
+  ASSERT_EQ(MergeDown(canvas, 3 * 8 + 2, 1), 1);
+  EXPECT_EQ(CanvasManager.LayerCount(canvas), 3);
+  EXPECT_EQ(PlaneBytes(canvas->planes[0].plane), picture);
+  EXPECT_EQ(PlaneBytes(canvas->planes[2].plane), coverage);
+  EXPECT_EQ(canvas->planes[8].plane, fourth);
+  EXPECT_EQ(canvas->planes[8].mixMode, 3);
+  EXPECT_EQ(canvas->planes[8].opacityLoss, 160);
+  EXPECT_EQ(canvas->planes[16].plane, fifth);
+  EXPECT_EQ(canvas->planes[16].mixMode, 0);
+  // Progress ran and was cleared.
+  const auto progress = headless::MessagesTo(platform::Window::StatusBar, platform::MsgStatus);
+  ASSERT_GE(progress.size(), 3u);
+  EXPECT_EQ(progress[1].lParam, 256 * 100 / kHeight);
+  EXPECT_EQ(progress.back().wParam, 0);
+  // The entries of the layers merged away are gone; the base has a fresh one.
+  EXPECT_EQ(UndoHistory.entries[0].kind, kUndoWhole);
+  EXPECT_EQ(UndoHistory.entries[0].planeIndex, 0);
+  EXPECT_EQ(UndoHistory.entries[1].kind, kUndoEmpty);
+  EXPECT_EQ(canvas->modified, 1u);
+
+  // The base layer has nothing below it.
+  EXPECT_EQ(MergeDown(canvas, 2, 1), 0);
+  EXPECT_EQ(CanvasManager.LayerCount(canvas), 3);
+}
+
+TEST_F(Merge, WithLowerWithoutTransparencyLeavesTheBaseCoverage) {
+  Canvas* canvas = MakeLayered(40, 30, 2);
+  const std::vector<uint8_t> cover = PlaneBytes(canvas->planes[2].plane);
+  const std::vector<uint8_t> picture = Reference(*canvas, true);
+  ASSERT_EQ(MergeDown(canvas, 8, 0), 1);
+  EXPECT_EQ(PlaneBytes(canvas->planes[0].plane), picture);
+  EXPECT_EQ(PlaneBytes(canvas->planes[2].plane), cover);
+}
+
+class MergeCommand : public LayersTest {
+ protected:
+  void SetUp() override {
+    LayersTest::SetUp();
+    InstallLayerCommands();
+    shellWindows.createDocument = [this] {
+      made = NewRecord();
+      return CanvasManager.MakeCanvas(made, nullptr);
+    };
+    layerWindows.mergeLayersDialog = [this](MergeChoice* c) {
+      *c = choice;
+      return true;
+    };
+  }
+  // The source is the active canvas; its layer 2 is hidden.
+  Canvas* Source() {
+    Canvas* source = MakeLayered(kWidth, kHeight, 4, {5, 0, 8});
+    source->planes[16 + 3].planeFlags[0] = 1;
+    source->planes[16 + 3].plane = PlaneStore.CreatePlane(kWidth, kHeight, 8, 0, 1, Physical);
+    Randomize(source->planes[16 + 3].plane);
+    SetActiveCanvas(source);
+    return source;
+  }
+  MergeChoice choice;
+  Canvas* made = nullptr;
+};
+
+TEST_F(MergeCommand, VisibleMakesOneLayerOfThePictureAndLosesHiddenLayers) {
+  Canvas* source = Source();
+  choice = {MergeKind::Visible, 0};
+  FrameCommand(cmd::kMergeLayers, 0);
+  ASSERT_TRUE(made);
+  EXPECT_EQ(CanvasManager.LayerCount(made), 1);
+  EXPECT_EQ(PlaneBytes(made->planes[0].plane), Reference(*source, false));
+  EXPECT_TRUE(std::vector<uint8_t>(size_t(kWidth) * kHeight, 255) ==
+              PlaneBytes(made->planes[2].plane));
+}
+
+TEST_F(MergeCommand, AllLayersKeepsTheHiddenLayerWholeAboveTheMergedOne) {
+  Canvas* source = Source();
+  choice = {MergeKind::AllLayers, 1};
+  FrameCommand(cmd::kMergeLayers, 0);
+  ASSERT_TRUE(made);
+  ASSERT_EQ(CanvasManager.LayerCount(made), 2);
+  EXPECT_EQ(PlaneBytes(made->planes[0].plane), Reference(*source, true));
+  EXPECT_EQ(PlaneBytes(made->planes[2].plane), ReferenceCoverage(*source));
+  const PlaneSlot* hidden = &made->planes[8];
+  EXPECT_EQ(hidden[0].mixMode, 0);
+  EXPECT_EQ(hidden[0].opacityLoss, 80);
+  EXPECT_STREQ(hidden[0].name, "LAYER2");
+  EXPECT_EQ(hidden[3].planeFlags[0], 1);
+  for (int position = 0; position < 4; ++position) {
+    EXPECT_NE(hidden[position].plane, source->planes[16 + position].plane);
+    EXPECT_EQ(PlaneBytes(hidden[position].plane), PlaneBytes(source->planes[16 + position].plane))
+        << position;
+  }
+}
+
+TEST_F(MergeCommand, FlattenedLayerGoesHiddenOnTopOfTheSameCanvas) {
+  Canvas* source = Source();
+  const std::vector<uint8_t> picture = Reference(*source, true);
+  const std::vector<uint8_t> coverage = ReferenceCoverage(*source);
+  choice = {MergeKind::FlattenedLayer, 1};
+  FrameCommand(cmd::kMergeLayers, 0);
+  EXPECT_FALSE(made);
+  ASSERT_EQ(CanvasManager.LayerCount(source), 5);
+  const PlaneSlot* flat = &source->planes[32];
+  EXPECT_EQ(source->activePlane, 32);
+  EXPECT_EQ(flat[0].mixMode, 0);
+  EXPECT_EQ(flat[0].savedMixMode, 0);
+  EXPECT_EQ(flat[0].displayMode, kDisplayThisLayerOnly);
+  EXPECT_STREQ(flat[0].name, "LAYER4");
+  EXPECT_EQ(PlaneBytes(flat[0].plane), picture);
+  EXPECT_EQ(PlaneBytes(flat[2].plane), coverage);
+  EXPECT_TRUE(std::vector<uint8_t>(size_t(kWidth) * kHeight, 0) == PlaneBytes(flat[1].plane));
+  const auto redraws = headless::MessagesTo(platform::Window::LayerPanel, platform::MsgLayerRedraw);
+  ASSERT_FALSE(redraws.empty());
+  EXPECT_EQ(redraws.back().wParam, -1);
+}
+
+TEST_F(MergeCommand, DuplicateCopiesEveryLayer) {
+  Canvas* source = Source();
+  FrameCommand(cmd::kDuplicate, 0);
+  ASSERT_TRUE(made);
+  ASSERT_EQ(CanvasManager.LayerCount(made), 4);
+  for (int index = 0; index < 32; ++index) {
+    EXPECT_EQ(made->planes[index].mixMode, source->planes[index].mixMode);
+    EXPECT_EQ(!made->planes[index].plane, !source->planes[index].plane) << index;
+    EXPECT_EQ(PlaneBytes(made->planes[index].plane), PlaneBytes(source->planes[index].plane));
+  }
+}
+
+}  // namespace
