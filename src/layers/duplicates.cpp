@@ -1,6 +1,9 @@
 #include "layers/duplicates.h"
 
 #include <algorithm>
+#include <array>
+#include <cmath>
+#include <numbers>
 
 #include "document/canvas_manager.h"
 #include "document/canvas_request.h"
@@ -9,6 +12,9 @@
 #include "layers/layer_resize.h"
 #include "resources/strings.h"
 #include "store/plane_ops.h"
+#include "store/rotate_plane.h"
+
+DuplicateChoices lastDuplicateChoices;
 
 namespace {
 
@@ -35,6 +41,20 @@ int FillFromSource(Canvas* canvas, Make make) {
       return 0;
   }
   return 1;
+}
+
+// The smallest x and y of a layer's corners turned about the canvas centre.
+std::array<double, 2> TurnedCorner(const Canvas* canvas, const PlaneSlot& image, double degrees) {
+  const double radians = degrees * std::numbers::pi / 180.0;
+  const double c = std::cos(radians), s = std::sin(radians);
+  const int x0 = image.left - canvas->canvasWidth / 2, y0 = image.top - canvas->canvasHeight / 2;
+  std::array<double, 2> least{HUGE_VAL, HUGE_VAL};
+  for (const int x : {x0, x0 + image.width})
+    for (const int y : {y0, y0 + image.height}) {
+      least[0] = std::min(least[0], x * c - y * s);
+      least[1] = std::min(least[1], x * s + y * c);
+    }
+  return least;
 }
 
 }  // namespace
@@ -75,4 +95,29 @@ int FillResizedDuplicate(Canvas* canvas) {
   return FillFromSource(canvas, [](Plane* plane, int, const Rect&, const Rect& place) {
     return ResizePlane(plane, place.Width(), place.Height(), ImageBufferKind(), 1, 0);
   });
+}
+
+void RequestRotatedDuplicate(Canvas* source, int degrees) {
+  RequestLayersOf(source, kModeRotatedDuplicate, CanvasManager.LayerCount(source));
+  CanvasRequestRecord& r = CanvasRequest;
+  r.rotation = degrees;
+  const std::array<double, 2> base = TurnedCorner(source, source->planes[0], degrees);
+  for (int layer = 0; layer < r.layerCount; ++layer) {
+    const PlaneSlot& image = source->planes[SlotIndex(layer, 0)];
+    const std::array<double, 2> corner = TurnedCorner(source, image, degrees);
+    r.left[layer] = static_cast<int>(std::floor(corner[0] - base[0]));
+    r.top[layer] = static_cast<int>(std::floor(corner[1] - base[1]));
+    RotatedSize(image.width, image.height, degrees, &r.width[layer], &r.height[layer]);
+  }
+}
+
+int FillRotatedDuplicate(Canvas* canvas) {
+  const double degrees = CanvasRequest.rotation;
+  return FillFromSource(canvas,
+                        [degrees](Plane* plane, int position, const Rect&, const Rect& place) {
+                          // Corners the picture doesn't reach are white in the image, clear
+                          // elsewhere.
+                          return RotatePlane(plane, degrees, place.Width(), place.Height(),
+                                             position == 0 ? 255 : 0, ImageBufferKind());
+                        });
 }

@@ -11,7 +11,9 @@
 #include "layers/flips.h"
 #include "layers/layer_command.h"
 #include "layers/layer_copy.h"
+#include "layers/layer_windows.h"
 #include "layers/merge_layers.h"
+#include "layers/rotate_box.h"
 
 namespace {
 
@@ -38,6 +40,7 @@ void InstallLayers() {
   SetCanvasContentFill(kModeDuplicate, FillDuplicate);
   SetCanvasContentFill(kModeResizedDuplicate, FillResizedDuplicate);
   SetCanvasContentFill(kModeResizedCanvas, FillResizedCanvas);
+  SetCanvasContentFill(kModeRotatedDuplicate, FillRotatedDuplicate);
   RegisterCanvasCommand(cmd::kMergeWithLower, [](Canvas* canvas, intptr_t) {
     LayerCommand(canvas, kLayerItemMergeDown, canvas->activePlane);
   });
@@ -48,6 +51,12 @@ void InstallLayers() {
                         [](Canvas* canvas, intptr_t) { Flip(canvas, FlipAxis::Vertical); });
   RegisterCanvasCommand(cmd::kFlipHorizontally,
                         [](Canvas* canvas, intptr_t) { Flip(canvas, FlipAxis::Horizontal); });
+  RegisterCanvasCommand(cmd::kRotate, [](Canvas* canvas, intptr_t) {
+    RotateChoice choice;
+    if (layerWindows.rotateDialog && layerWindows.rotateDialog(canvas, &choice) &&
+        RotateLayerBox(canvas, choice.degrees))
+      LayersChanged(canvas);
+  });
   pointerRoutes.layerCommand = [](Canvas* canvas, int layer, int item) {
     LayerCommand(canvas, item, SlotIndex(layer, 0));
   };

@@ -1,5 +1,6 @@
 #include "layers/reset.h"
 
+#include "layers/duplicates.h"
 #include "layers/layer_command.h"
 #include "layers/layer_resize.h"
 #include "layers/layer_windows.h"
@@ -10,4 +11,5 @@ void ResetLayers() {
   colorAdjustOwnsPointer = false;
   layersTitleHooks.Clear();
   layerWindows = {};
+  lastDuplicateChoices = {};
 }

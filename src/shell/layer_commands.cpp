@@ -1,10 +1,13 @@
 #include "shell/layer_commands.h"
 
+#include <cmath>
+
 #include "base/command_ids.h"
 #include "base/command_registry.h"
 #include "document/active_canvas.h"
 #include "document/canvas_manager.h"
 #include "document/canvas_request.h"
+#include "layers/duplicates.h"
 #include "layers/layer_command.h"
 #include "layers/layer_copy.h"
 #include "layers/layer_windows.h"
@@ -45,11 +48,43 @@ void Duplicate() {
   CreateDocument();
 }
 
+// The dialog's choice becomes the request of a new document.
+void ResizedDuplicate() {
+  ResizeChoice& choice = lastDuplicateChoices.size;
+  Canvas* canvas = ActiveCanvas();
+  if (!canvas || !layerWindows.resizeDialog) return;
+  if (choice.width < 1) choice = {canvas->canvasWidth, canvas->canvasHeight, true};
+  if (!layerWindows.resizeDialog(canvas, &choice)) return;
+  RequestResizedDuplicate(canvas, choice.width, choice.height);
+  CreateDocument();
+}
+
+void RotatedDuplicate() {
+  RotateChoice& choice = lastDuplicateChoices.rotation;
+  Canvas* canvas = ActiveCanvas();
+  if (!canvas || !layerWindows.rotateDialog || !layerWindows.rotateDialog(canvas, &choice)) return;
+  RequestRotatedDuplicate(canvas, static_cast<int>(std::lround(choice.degrees)));
+  CreateDocument();
+}
+
+void DuplicateOnResizedCanvas() {
+  SideChoice& choice = lastDuplicateChoices.canvasSides;
+  Canvas* canvas = ActiveCanvas();
+  if (!canvas || !layerWindows.canvasResizeDialog ||
+      !layerWindows.canvasResizeDialog(canvas, &choice))
+    return;
+  if (RequestResizedCanvas(canvas, choice)) CreateDocument();
+}
+
 }  // namespace
 
 void InstallLayerCommands() {
   RegisterFrameCommand(cmd::kMergeLayers, [](intptr_t) { MergeLayers(); });
   RegisterFrameCommand(cmd::kDuplicate, [](intptr_t) { Duplicate(); });
+  RegisterFrameCommand(cmd::kMakeResizedDuplicate, [](intptr_t) { ResizedDuplicate(); });
+  RegisterFrameCommand(cmd::kMakeRotatedDuplicate, [](intptr_t) { RotatedDuplicate(); });
+  RegisterFrameCommand(cmd::kDuplicateOnResizedCanvas,
+                       [](intptr_t) { DuplicateOnResizedCanvas(); });
   layersTitleHooks.Add([](Canvas* canvas) {
     if (shellWindows.setTitle) shellWindows.setTitle(canvas, CanvasManager.TitleText(canvas));
   });

@@ -14,9 +14,7 @@ class Flips : public LayersTest {
   // A 12 x 9 canvas whose layer 1 (10 x 7 at 2, 1) is active, with a
   // selection raster: outside-coverage random, with a run of zeros.
   Canvas* Prepare() {
-    Canvas* canvas = MakeLayered(12, 9, 1);
-    CanvasManager.AddLayer(canvas, 2, 1, 10, 7);
-    for (int position : {0, 1, 2}) Randomize(canvas->planes[8 + position].plane);
+    Canvas* canvas = MakeWithSmallLayer(12, 9, 2, 1, 10, 7);
     canvas->activePlane = 8 + 1;
     canvas->selectionPlane = PlaneStore.CreatePlane(12, 9, 8, 0, 1, Physical);
     std::vector<uint8_t> outside(12 * 9);
@@ -67,6 +65,24 @@ TEST_F(Flips, TurnEveryPlaneOfTheBoxExceptWhereOutsideTheSelection) {
               (std::array{3, 1, 10, 6}));
     EXPECT_TRUE(entry.transparency);
   }
+}
+
+TEST_F(Flips, RotateTurnsTheBoxOfTheImageInPlace) {
+  Canvas* canvas = Prepare();
+  layerWindows.rotateDialog = [](Canvas*, RotateChoice* choice) {
+    choice->degrees = 180;
+    return true;
+  };
+  const std::vector<uint8_t> image = PlaneBytes(canvas->planes[8].plane);
+  const std::vector<uint8_t> mask = PlaneBytes(canvas->planes[9].plane);
+  ASSERT_EQ(RunCanvasHandler(canvas, cmd::kRotate, 0), 1);
+  // A half turn is both flips, the selection's shape aside.
+  auto inside = [](int, int) { return 0u; };
+  EXPECT_EQ(
+      PlaneBytes(canvas->planes[8].plane),
+      Flipped(Flipped(image, 3, FlipAxis::Vertical, inside), 3, FlipAxis::Horizontal, inside));
+  EXPECT_EQ(PlaneBytes(canvas->planes[9].plane), mask);
+  EXPECT_EQ(UndoHistory.entries[0].kind, kUndoRect);
 }
 
 TEST_F(Flips, UndoBringsTheBoxBack) {

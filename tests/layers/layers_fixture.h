@@ -58,6 +58,15 @@ class LayersTest : public TeselTest {
     return canvas;
   }
 
+  // A random base of width x height and a smaller random layer 1 at
+  // (left, top), mask included.
+  Canvas* MakeWithSmallLayer(int width, int height, int left, int top, int w, int h) {
+    Canvas* canvas = MakeLayered(width, height, 1);
+    EXPECT_EQ(CanvasManager.AddLayer(canvas, left, top, w, h), 8);
+    for (int position : {0, 1, 2}) Randomize(canvas->planes[8 + position].plane);
+    return canvas;
+  }
+
   static std::vector<uint8_t> Reference(const Canvas& canvas, bool baseOpaque) {
     return ref::Compose(canvas, 0, 0, canvas.canvasWidth - 1, canvas.canvasHeight - 1, false,
                         baseOpaque)
@@ -80,6 +89,13 @@ class LayersTest : public TeselTest {
         out.push_back(static_cast<uint8_t>(acc));
       }
     return out;
+  }
+
+  // The canvas CanvasRequest describes, as its document window makes it.
+  Canvas* MakeRequested() {
+    Canvas* canvas = NewRecord();
+    EXPECT_EQ(CanvasManager.MakeCanvas(canvas, nullptr), 1);
+    return canvas;
   }
 
   std::mt19937 rng{2024};

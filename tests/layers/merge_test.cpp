@@ -1,14 +1,10 @@
 #include <memory>
 
-#include "base/command_ids.h"
-#include "document/active_canvas.h"
 #include "document/undo_history.h"
+#include "layers/layer_copy.h"
 #include "layers/merge_down.h"
 #include "layers/merge_layers.h"
 #include "layers_fixture.h"
-#include "shell/command_routing.h"
-#include "shell/layer_commands.h"
-#include "shell/shell_windows.h"
 
 namespace {
 
@@ -63,49 +59,32 @@ TEST_F(Merge, WithLowerWithoutTransparencyLeavesTheBaseCoverage) {
   EXPECT_EQ(PlaneBytes(canvas->planes[2].plane), cover);
 }
 
-class MergeCommand : public LayersTest {
+class MergeNew : public LayersTest {
  protected:
-  void SetUp() override {
-    LayersTest::SetUp();
-    InstallLayerCommands();
-    shellWindows.createDocument = [this] {
-      made = NewRecord();
-      return CanvasManager.MakeCanvas(made, nullptr);
-    };
-    layerWindows.mergeLayersDialog = [this](MergeChoice* c) {
-      *c = choice;
-      return true;
-    };
-  }
-  // The source is the active canvas; its layer 2 is hidden.
+  // Layer 2 is hidden.
   Canvas* Source() {
     Canvas* source = MakeLayered(kWidth, kHeight, 4, {5, 0, 8});
     source->planes[16 + 3].planeFlags[0] = 1;
     source->planes[16 + 3].plane = PlaneStore.CreatePlane(kWidth, kHeight, 8, 0, 1, Physical);
     Randomize(source->planes[16 + 3].plane);
-    SetActiveCanvas(source);
     return source;
   }
-  MergeChoice choice;
-  Canvas* made = nullptr;
 };
 
-TEST_F(MergeCommand, VisibleMakesOneLayerOfThePictureAndLosesHiddenLayers) {
+TEST_F(MergeNew, VisibleMakesOneLayerOfThePictureAndLosesHiddenLayers) {
   Canvas* source = Source();
-  choice = {MergeKind::Visible, 0};
-  FrameCommand(cmd::kMergeLayers, 0);
-  ASSERT_TRUE(made);
+  RequestMergedCanvas(source, MergeKind::Visible, 0);
+  Canvas* made = MakeRequested();
   EXPECT_EQ(CanvasManager.LayerCount(made), 1);
   EXPECT_EQ(PlaneBytes(made->planes[0].plane), Reference(*source, false));
   EXPECT_TRUE(std::vector<uint8_t>(size_t(kWidth) * kHeight, 255) ==
               PlaneBytes(made->planes[2].plane));
 }
 
-TEST_F(MergeCommand, AllLayersKeepsTheHiddenLayerWholeAboveTheMergedOne) {
+TEST_F(MergeNew, AllLayersKeepsTheHiddenLayerWholeAboveTheMergedOne) {
   Canvas* source = Source();
-  choice = {MergeKind::AllLayers, 1};
-  FrameCommand(cmd::kMergeLayers, 0);
-  ASSERT_TRUE(made);
+  RequestMergedCanvas(source, MergeKind::AllLayers, 1);
+  Canvas* made = MakeRequested();
   ASSERT_EQ(CanvasManager.LayerCount(made), 2);
   EXPECT_EQ(PlaneBytes(made->planes[0].plane), Reference(*source, true));
   EXPECT_EQ(PlaneBytes(made->planes[2].plane), ReferenceCoverage(*source));
@@ -121,13 +100,11 @@ TEST_F(MergeCommand, AllLayersKeepsTheHiddenLayerWholeAboveTheMergedOne) {
   }
 }
 
-TEST_F(MergeCommand, FlattenedLayerGoesHiddenOnTopOfTheSameCanvas) {
+TEST_F(MergeNew, FlattenedLayerGoesHiddenOnTopOfTheSameCanvas) {
   Canvas* source = Source();
   const std::vector<uint8_t> picture = Reference(*source, true);
   const std::vector<uint8_t> coverage = ReferenceCoverage(*source);
-  choice = {MergeKind::FlattenedLayer, 1};
-  FrameCommand(cmd::kMergeLayers, 0);
-  EXPECT_FALSE(made);
+  ASSERT_EQ(NewFlattenedLayer(source, 1), 32);
   ASSERT_EQ(CanvasManager.LayerCount(source), 5);
   const PlaneSlot* flat = &source->planes[32];
   EXPECT_EQ(source->activePlane, 32);
@@ -138,15 +115,12 @@ TEST_F(MergeCommand, FlattenedLayerGoesHiddenOnTopOfTheSameCanvas) {
   EXPECT_EQ(PlaneBytes(flat[0].plane), picture);
   EXPECT_EQ(PlaneBytes(flat[2].plane), coverage);
   EXPECT_TRUE(std::vector<uint8_t>(size_t(kWidth) * kHeight, 0) == PlaneBytes(flat[1].plane));
-  const auto redraws = headless::MessagesTo(platform::Window::LayerPanel, platform::MsgLayerRedraw);
-  ASSERT_FALSE(redraws.empty());
-  EXPECT_EQ(redraws.back().wParam, -1);
 }
 
-TEST_F(MergeCommand, DuplicateCopiesEveryLayer) {
+TEST_F(MergeNew, DuplicateCopiesEveryLayer) {
   Canvas* source = Source();
-  FrameCommand(cmd::kDuplicate, 0);
-  ASSERT_TRUE(made);
+  RequestLayersOf(source, kModeDuplicate, 4);
+  Canvas* made = MakeRequested();
   ASSERT_EQ(CanvasManager.LayerCount(made), 4);
   for (int index = 0; index < 32; ++index) {
     EXPECT_EQ(made->planes[index].mixMode, source->planes[index].mixMode);
