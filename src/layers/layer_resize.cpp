@@ -160,11 +160,17 @@ int ApplyResizeBySides() {
     return 0;
   }
   session = {};
-  if (viewWindows.invalidate) viewWindows.invalidate(canvas);
+  LayersChanged(canvas);
   return 1;
 }
 
 void CloseResizeBySides() { EndSession(); }
+
+void ResizeCanvasGoing(Canvas* canvas) {
+  if (canvas != session.canvas) return;
+  EndSession();
+  if (layerWindows.closeResizeBySides) layerWindows.closeResizeBySides();
+}
 
 Plane* PlaneOnBox(Plane* source, int position, const Rect& from, const Rect& box) {
   Plane* plane = PlaneStore.CreatePlane(box.Width(), box.Height(), static_cast<int>(source->bits),

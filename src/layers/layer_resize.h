@@ -39,5 +39,8 @@ void CloseResizeBySides();
 // place; new space white and opaque, a mask (position 1) clear.
 Plane* PlaneOnBox(Plane* source, int position, const Rect& from, const Rect& box);
 
+// The canvas is going away: a session on it ends, and its dialog closes.
+void ResizeCanvasGoing(Canvas* canvas);
+
 // The resize itself, outside any session: 1, or 0 with nothing changed.
 int ResizeLayer(Canvas* canvas, int planeIndex, const SideChoice& sides);

@@ -54,8 +54,10 @@ struct LayerWindows {
   // tsl_layresize, modeless: opens and returns; the dialog calls the
   // resize-by-sides session (layer_resize.h) as the user works.
   std::function<void(Canvas* canvas, int planeIndex)> openResizeBySides;
-  // The open tsl_layresize shows new sides (an edge of the box was dragged).
+  // The open tsl_layresize shows new sides (an edge of the box was dragged),
+  // or goes without applying (its canvas is closing).
   std::function<void(const SideChoice& sides)> resizeSidesShown;
+  std::function<void()> closeResizeBySides;
   // tsl_canvresize, tsl_resize, tsl_rotate: true on OK.
   std::function<bool(const Canvas* canvas, SideChoice* choice)> canvasResizeDialog;
   std::function<bool(const Canvas* canvas, ResizeChoice* choice)> resizeDialog;

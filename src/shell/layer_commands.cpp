@@ -10,10 +10,12 @@
 #include "layers/duplicates.h"
 #include "layers/layer_command.h"
 #include "layers/layer_copy.h"
+#include "layers/layer_resize.h"
 #include "layers/layer_windows.h"
 #include "layers/merge_layers.h"
 #include "platform/platform.h"
 #include "resources/strings.h"
+#include "shell/documents.h"
 #include "shell/shell_windows.h"
 
 namespace {
@@ -85,6 +87,7 @@ void InstallLayerCommands() {
   RegisterFrameCommand(cmd::kMakeRotatedDuplicate, [](intptr_t) { RotatedDuplicate(); });
   RegisterFrameCommand(cmd::kDuplicateOnResizedCanvas,
                        [](intptr_t) { DuplicateOnResizedCanvas(); });
+  documentReleaseHooks.Add(ResizeCanvasGoing);
   layersTitleHooks.Add([](Canvas* canvas) {
     if (shellWindows.setTitle) shellWindows.setTitle(canvas, CanvasManager.TitleText(canvas));
   });

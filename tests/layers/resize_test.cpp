@@ -134,8 +134,21 @@ TEST_F(ResizeSession, TheBoxFollowsTheSidesAndAnEdgeDragSetsTheAmount) {
   EXPECT_EQ((std::array{canvas->canvasWidth, canvas->canvasHeight}), (std::array{65, 45}));
   // The box came off before the change: every drawing has its undoing.
   EXPECT_EQ(boxes.size() % 2, 0u);
+  EXPECT_EQ(headless::MessagesTo(platform::Window::LayerPanel, platform::MsgLayerRedraw).size(),
+            1u);
   // The sides are kept for the next use.
   EXPECT_EQ(resizeSides.amount[kSideRight], 5);
+
+  // A canvas going away takes its session and dialog with it.
+  bool closed = false;
+  layerWindows.closeResizeBySides = [&] { closed = true; };
+  ASSERT_EQ(ResizeLayerBySides(canvas, 0), 1);
+  ResizeCanvasGoing(nullptr);
+  EXPECT_TRUE(LayerResizeOpen());
+  ResizeCanvasGoing(canvas);
+  EXPECT_FALSE(LayerResizeOpen());
+  EXPECT_TRUE(closed);
+  EXPECT_EQ(boxes.size() % 2, 0u);
 }
 
 }  // namespace

@@ -8,6 +8,7 @@
 #include "adjust/win/adjust_windows_win.h"
 #include "base/command_ids.h"
 #include "display/win/view_windows_win.h"
+#include "layers/win/layer_resize_win.h"
 #include "paint/win/stroke_windows_win.h"
 #include "platform/win32/win32_platform.h"
 #include "file/win/file_dialogs_win.h"
@@ -69,6 +70,7 @@ bool OnFrameCreate(HWND frame, const CREATESTRUCTW* create) {
   BindWindows();
   ConnectShellWindows();
   InstallViewWindows();
+  InstallLayerResizeWindow();
   InstallStrokeWindows();
   InstallAdjustWindows();
   InstallFileWindows();

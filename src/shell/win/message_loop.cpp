@@ -1,11 +1,13 @@
 #include "shell/win/message_loop.h"
 
+#include "layers/win/layer_resize_win.h"
 #include "shell/win/shell_globals.h"
 
-// The MDI keys first, then the program's accelerators, then the rest.
+// The open resize dialog's keys, the MDI keys, then the program's accelerators, then the rest.
 int RunMessageLoop() {
   MSG msg{};
   while (GetMessageW(&msg, nullptr, 0, 0) > 0) {
+    if (LayerResizeDialogMessage(&msg)) continue;
     if (TranslateMDISysAccel(mdiClient, &msg)) continue;
     if (TranslateAcceleratorW(frameWnd, accelerators, &msg)) continue;
     TranslateMessage(&msg);
