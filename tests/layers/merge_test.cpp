@@ -50,15 +50,6 @@ TEST_F(Merge, WithLowerOnLayerThreeMergesTheBaseUpToItAndKeepsTheLayersAbove) {
   EXPECT_EQ(CanvasManager.LayerCount(canvas), 3);
 }
 
-TEST_F(Merge, WithLowerWithoutTransparencyLeavesTheBaseCoverage) {
-  Canvas* canvas = MakeLayered(40, 30, 2);
-  const std::vector<uint8_t> cover = PlaneBytes(canvas->planes[2].plane);
-  const std::vector<uint8_t> picture = Reference(*canvas, true);
-  ASSERT_EQ(MergeDown(canvas, 8, 0), 1);
-  EXPECT_EQ(PlaneBytes(canvas->planes[0].plane), picture);
-  EXPECT_EQ(PlaneBytes(canvas->planes[2].plane), cover);
-}
-
 class MergeNew : public LayersTest {
  protected:
   // Layer 2 is hidden.

@@ -69,15 +69,6 @@ TEST_F(LayerCommands, EachCommandAsksItsDialogAndMakesItsDocument) {
 }
 
 TEST_F(LayerCommands, RefusalsMakeNoDocument) {
-  layerWindows.canvasResizeDialog = [](const Canvas*, SideChoice* sides) {
-    sides->checked[kSideTop] = sides->shrink[kSideTop] = true;
-    sides->amount[kSideTop] = 20;
-    return true;
-  };
-  RouteCommand(cmd::kDuplicateOnResizedCanvas, 0);
-  EXPECT_EQ(Documents(), 1u);
-  EXPECT_EQ(BoxTexts().back(),
-            "Change would make image size go below zero.  Process will be aborted.");
   // A document that can't be made says so.
   shellWindows.createDocument = [] { return 0; };
   RouteCommand(cmd::kDuplicate, 0);
