@@ -41,7 +41,7 @@ struct Settings {
   int32_t numberNotation;
   int32_t defaultDisplay;
   int32_t autoAdjustWindow;
-  int32_t ctrlPanelPage;  // the tab of the control panel shown
+  int32_t ctrlPanelPage;  // the control panel's page shown, by its number
   int32_t noThumbnailRedraw;
   int32_t doubleAccuracyDefault;
   int32_t autoInitToneFilter;

@@ -2,6 +2,7 @@
 
 #include "display/view_windows.h"
 #include "document/active_canvas.h"
+#include "document/canvas_manager.h"
 #include "layers/layer_command.h"
 #include "panels/layer_menus.h"
 #include "panels/layer_rows.h"
@@ -10,6 +11,7 @@
 #include "panels/win/layer_row_win.h"
 #include "panels/win/thumbnail_win.h"
 #include "platform/platform.h"
+#include "platform/win32/win32_platform.h"
 #include "platform/win32/win32_windows.h"
 
 namespace {
@@ -49,15 +51,19 @@ void Resized(HWND list) {
 }
 
 // Each row where the layout puts it, scrolled as the list is, its
-// controls placed again for what it now shows.
+// controls placed again for what it now shows; the document's title names
+// the active plane.
 void LayOut(HWND list) {
-  if (const Canvas* canvas = state.shown; canvas && canvas == ActiveCanvas())
+  if (const Canvas* canvas = state.shown; canvas && canvas == ActiveCanvas()) {
     for (const RowPlace& p : LayOutRows(canvas)) {
       HWND row = static_cast<HWND>(layerPanel.layerRows[p.index]);
       if (!row) continue;
       MoveWindow(row, p.x, p.y - layerPanel.scrollOffset, p.width, p.height, FALSE);
       SendMessageW(row, WM_INITDIALOG, 0, 0);
     }
+    SetWindowTextW(static_cast<HWND>(canvas->documentWnd),
+                   platform::Widen(CanvasManager.TitleText(canvas)).c_str());
+  }
   Resized(list);
   InvalidateRect(list, nullptr, TRUE);
   SendMessageW(GetParent(list), kMsgStripRefresh, 0, 0);

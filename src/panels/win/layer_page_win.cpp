@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "display/pointer_routing.h"
 #include "document/active_canvas.h"
 #include "document/canvas_manager.h"
 #include "layers/layer_command.h"
@@ -151,7 +152,8 @@ INT_PTR CALLBACK PageProc(HWND page, UINT message, WPARAM wParam, LPARAM lParam)
       DrawButton(*reinterpret_cast<const DRAWITEMSTRUCT*>(lParam));
       return TRUE;
     case WM_COMMAND:
-      if (HIWORD(wParam) == BN_CLICKED) {
+      // Owner-drawn buttons tell a quick second press as a double click.
+      if (HIWORD(wParam) == BN_CLICKED || HIWORD(wParam) == BN_DOUBLECLICKED) {
         Command(page, LOWORD(wParam));
         GiveFocusBack();
       }
@@ -172,5 +174,8 @@ INT_PTR CALLBACK PageProc(HWND page, UINT message, WPARAM wParam, LPARAM lParam)
 
 HWND CreateLayerPage(HWND panel, const std::string&) {
   if (!RegisterLayerListClass() || !RegisterThumbnailClass()) return nullptr;
-  return CreateDialogW(win32::ProgramInstance(), L"da00_ctrl3sub", panel, PageProc);
+  HWND page = CreateDialogW(win32::ProgramInstance(), L"da00_ctrl3sub", panel, PageProc);
+  // A stroke or a drag on the picture may change the plane a worker reads.
+  if (page) pressHooks.Add([](Canvas*) { StopThumbnailWorker(); });
+  return page;
 }

@@ -220,7 +220,8 @@ INT_PTR CALLBACK RowProc(HWND row, UINT message, WPARAM wParam, LPARAM lParam) {
                     *reinterpret_cast<const DRAWITEMSTRUCT*>(lParam));
       return TRUE;
     case WM_COMMAND:
-      if (HIWORD(wParam) == BN_CLICKED) {
+      // Owner-drawn buttons tell a quick second press as a double click.
+      if (HIWORD(wParam) == BN_CLICKED || HIWORD(wParam) == BN_DOUBLECLICKED) {
         Clicked(row, LOWORD(wParam));
         GiveFocusBack();
       }

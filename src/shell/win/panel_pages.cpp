@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <string>
 
 #include "paint/win/control_page_win.h"
 #include "panels/win/layer_page_win.h"
@@ -16,12 +17,13 @@ namespace {
 
 struct PanelPage {
   const wchar_t* title;
+  int number;  // as message 1033 names the page, and the settings keep it
   HWND (*create)(HWND panel, const std::string& programFolder);
 };
 // In the order of their tabs.
 constexpr PanelPage kPanelPages[] = {
-    {L"LAYER", CreateLayerPage},
-    {L"CONTROL", CreateControlPage},
+    {L"LAYER", 2, CreateLayerPage},
+    {L"CONTROL", 3, CreateControlPage},
 };
 constexpr int kPageCount = int(std::size(kPanelPages));
 constexpr int kTabHeight = 22;
@@ -29,16 +31,22 @@ constexpr int kTabHeight = 22;
 struct PagesState {
   HWND tabs = nullptr;
   HWND pages[kPageCount] = {};  // by tab: the pages that could be made
+  int numbers[kPageCount] = {};
   int count = 0;
 };
 PagesState state;
 
-void ShowPage(int chosen) {
-  chosen = std::clamp(chosen, 0, std::max(0, state.count - 1));
-  TabCtrl_SetCurSel(state.tabs, chosen);
-  for (int i = 0; i < state.count; ++i)
-    ShowWindow(state.pages[i], i == chosen ? SW_SHOWNA : SW_HIDE);
-  settings.ctrlPanelPage = chosen;
+void ShowPage(int tab) {
+  TabCtrl_SetCurSel(state.tabs, tab);
+  for (int i = 0; i < state.count; ++i) ShowWindow(state.pages[i], i == tab ? SW_SHOWNA : SW_HIDE);
+  settings.ctrlPanelPage = state.numbers[tab];
+}
+
+// The tab of the page the settings name; the first when none has it.
+int SavedTab() {
+  for (int tab = 0; tab < state.count; ++tab)
+    if (state.numbers[tab] == settings.ctrlPanelPage) return tab;
+  return 0;
 }
 
 void Resize(int width, int height) {
@@ -62,7 +70,8 @@ bool CreatePanelPages(HWND panel) {
     TCITEMW item{};
     item.mask = TCIF_TEXT;
     item.pszText = const_cast<wchar_t*>(page.title);
-    TabCtrl_InsertItem(state.tabs, state.count, &item);
+    SendMessageW(state.tabs, TCM_INSERTITEMW, WPARAM(state.count), LPARAM(&item));
+    state.numbers[state.count] = page.number;
     state.pages[state.count++] = made;
   }
   if (!state.count) {
@@ -70,7 +79,7 @@ bool CreatePanelPages(HWND panel) {
     state = {};
     return false;
   }
-  ShowPage(settings.ctrlPanelPage);
+  ShowPage(SavedTab());
   return true;
 }
 
