@@ -8,13 +8,14 @@ namespace {
 
 class LayerPress : public CanvasTest {
  protected:
-  // Three layers of the canvas size; layer 1 has two further planes.
+  // Three layers of the canvas size; layer 1 has a further transparency
+  // plane and a further mask, flagged as the layer menu makes them.
   Canvas* Stack() {
     Canvas* canvas = MakeBlank(6, 4);
     CanvasManager.AddLayer(canvas, 0, 0, 6, 4);
     CanvasManager.AddLayer(canvas, 0, 0, 6, 4);
-    CanvasManager.AddPlane(canvas, 8, 1);  // 11: "1T"
-    CanvasManager.AddPlane(canvas, 8, 0);  // 12: "1M"
+    canvas->planes[CanvasManager.AddPlane(canvas, 8, 1)].planeFlags[kFlagTransparency] = 1;  // 11
+    canvas->planes[CanvasManager.AddPlane(canvas, 8, 0)].planeFlags[kFlagMask] = 1;          // 12
     return canvas;
   }
   Plane* ImageOf(Canvas* canvas, int layer) { return canvas->planes[layer * 8].plane; }
