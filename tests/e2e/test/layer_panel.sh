@@ -61,5 +61,8 @@ wait_until 10 layer_rows_are 4
 read -r _ _ m0x m0y _ _ m1x m1y <<<"$(layer_rows | xargs)"
 [ "$m0x,$m0y,$m1x,$m1y" = "$((r0x + 14)),$((r0y + 32)),$((r0x + 14)),$((r0y + 96))" ] ||
   fail "the masks' rows stand at $m0x,$m0y and $m1x,$m1y"
-shot_until 10 thumbnail_painted "$r0x" "$r0y"
+# A new mask holds zeros: its thumbnail is black once made, the last one too.
+shot_until 10 pixel_is $((m1x + 80)) $((m1y + 12)) "0 0 0"
 keep_shot layer-page-planes
+expect_pixel $((m0x + 80)) $((m0y + 12)) "0 0 0" "the first mask's thumbnail"
+expect_pixel $((m1x + 80)) $((m1y + 12)) "0 0 0" "the second mask's thumbnail"
