@@ -150,9 +150,6 @@ LRESULT CALLBACK ListProc(HWND list, UINT message, WPARAM wParam, LPARAM lParam)
     case kMsgLayerItem:
       RunLayerItem(list, int(wParam), int(lParam));
       return 0;
-    case kMsgLayerOptions:
-      RunLayerItem(list, kLayerItemSetting, int(lParam));
-      return 0;
     case kMsgDeletePlane:
       if (Canvas* canvas = ActiveCanvas(); canvas && canvas == state.shown) {
         StopThumbnailWorker();

@@ -14,6 +14,5 @@ constexpr UINT kMsgLayOutRows = WM_APP + 2;    // rows placed and painted again
 constexpr UINT kMsgRebuildRows = WM_APP + 3;   // rows made again for the active canvas
 constexpr UINT kMsgLayerItem = WM_APP + 4;     // wParam an item of the layer menus, lParam a plane
 constexpr UINT kMsgDeletePlane = WM_APP + 5;   // lParam the plane of a further plane's row
-constexpr UINT kMsgLayerOptions = WM_APP + 6;  // lParam a plane: its layer's options
 // To the page after the rows changed: the strip shows the active plane.
-constexpr UINT kMsgStripRefresh = WM_APP + 7;
+constexpr UINT kMsgStripRefresh = WM_APP + 6;

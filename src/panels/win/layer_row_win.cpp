@@ -2,6 +2,7 @@
 
 #include "document/active_canvas.h"
 #include "document/canvas_manager.h"
+#include "layers/layer_command.h"
 #include "paint/win/panel_common_win.h"
 #include "panels/layer_rows.h"
 #include "panels/row_press.h"
@@ -126,7 +127,7 @@ void Clicked(HWND row, int id) {
   HWND list = GetParent(row);
   switch (id) {
     case IDC_ROW_NAME:
-      PostMessageW(list, kMsgLayerOptions, 0, index);
+      PostMessageW(list, kMsgLayerItem, kLayerItemSetting, index);
       return;
     case IDC_ROW_DISPLAY: {
       const DisplayMenu menu = DisplayMenuOf(canvas, index);
@@ -190,7 +191,7 @@ void DragRow(HWND row) {
   Outline(over);
   switch (ReleaseRow(canvas, from, RowOfWindow(over, canvas))) {
     case RowRelease::LayerOptions:
-      PostMessageW(list, kMsgLayerOptions, 0, from);
+      PostMessageW(list, kMsgLayerItem, kLayerItemSetting, from);
       break;
     case RowRelease::Selected:
       PostMessageW(list, kMsgLayOutRows, 0, 0);
