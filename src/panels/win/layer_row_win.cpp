@@ -1,5 +1,7 @@
 #include "panels/win/layer_row_win.h"
 
+#include <iterator>
+
 #include "document/active_canvas.h"
 #include "document/canvas_manager.h"
 #include "layers/layer_command.h"
@@ -27,7 +29,6 @@ constexpr ControlBox kSwitch{IDC_ROW_SWITCH, 42, 0, 12, 12};
 constexpr ControlBox kThumbnail{IDC_ROW_THUMBNAIL, 64, 0, 32, 24};
 
 constexpr COLORREF kActiveRow = RGB(204, 224, 255);
-constexpr int kNameFontHeight = 10;
 
 // A letter for each display mode on the button that chooses it.
 wchar_t ModeLetter(int mode) {
@@ -44,10 +45,31 @@ wchar_t ModeLetter(int mode) {
   return L'B';
 }
 
-HFONT NameFont() {
-  static HFONT font = CreateFontW(-kNameFontHeight, 0, 0, 0, FW_NORMAL, 0, 0, 0, DEFAULT_CHARSET, 0,
-                                  0, 0, 0, L"Tahoma");
+// The names' fonts: 10 pixels high at their natural width, and smaller
+// or narrower ones for the names that don't fit.
+struct FontSize {
+  int height, charWidth;  // a width of 0: the font's own
+};
+constexpr FontSize kNameSizes[] = {{10, 0}, {10, 4}, {9, 4}, {9, 3}, {8, 3}};
+
+HFONT NameFont(int size = 0) {
+  static HFONT fonts[std::size(kNameSizes)];
+  HFONT& font = fonts[size];
+  if (!font)
+    font = CreateFontW(-kNameSizes[size].height, kNameSizes[size].charWidth, 0, 0, FW_NORMAL, 0, 0,
+                       0, DEFAULT_CHARSET, 0, 0, 0, 0, L"Tahoma");
   return font;
+}
+
+// A long name ("Transparency1") is made smaller to fit its 48 pixels
+// rather than cut.
+void SelectFittingFont(HDC dc, const std::wstring& text, int width) {
+  for (size_t size = 0; size < std::size(kNameSizes); ++size) {
+    SelectObject(dc, NameFont(int(size)));
+    SIZE extent;
+    if (GetTextExtentPoint32W(dc, text.c_str(), int(text.size()), &extent) && extent.cx <= width)
+      return;
+  }
 }
 
 HBRUSH RowBrush(bool active) {
@@ -86,6 +108,7 @@ void DrawControl(const Canvas* canvas, int index, const DRAWITEMSTRUCT& item) {
     case IDC_ROW_NAME: {
       const std::wstring name = platform::Widen(CanvasManager.PlaneLabel(canvas, index));
       HGDIOBJ old = SelectObject(item.hDC, NameFont());
+      SelectFittingFont(item.hDC, name, r.right - r.left);
       SetBkMode(item.hDC, TRANSPARENT);
       DrawTextW(item.hDC, name.c_str(), int(name.size()), &r,
                 DT_LEFT | DT_VCENTER | DT_SINGLELINE | DT_NOPREFIX | DT_END_ELLIPSIS);
