@@ -9,6 +9,7 @@
 #include "resources/strings.h"
 
 PointerRoutes pointerRoutes;
+HookList<Canvas*> pressHooks;
 
 namespace {
 
@@ -61,6 +62,7 @@ ToolRoute ToolRouteOf(int tool) {
 }
 
 void LeftButtonDown(Canvas* canvas, const PointerPress& press) {
+  pressHooks.Run(canvas);
   if (press.shift && PenMode() == kPenModeClone)
     return CallIfSet(pointerRoutes.setCloneSource, canvas);
   if (pointerRoutes.colourAdjustPick && pointerRoutes.colourAdjustPick(canvas, 0)) return;
@@ -83,6 +85,7 @@ void LeftButtonDown(Canvas* canvas, const PointerPress& press) {
 }
 
 void RightButtonDown(Canvas* canvas, const PointerPress& press) {
+  pressHooks.Run(canvas);
   if (pointerRoutes.colourAdjustPick && pointerRoutes.colourAdjustPick(canvas, 1)) return;
   if (press.ctrl) return PickLayer(canvas, 1, press.shift);
   if (press.space) return ZoomDrag(canvas, press.screenX);

@@ -7,6 +7,7 @@
 
 #include <functional>
 
+#include "base/hook_list.h"
 #include "display/grid.h"
 #include "document/canvas.h"
 
@@ -82,6 +83,10 @@ struct PointerRoutes {
 };
 
 extern PointerRoutes pointerRoutes;
+
+// Run before a left or right press is routed: what reads the planes in
+// the background stops first, since the press may change them.
+extern HookList<Canvas*> pressHooks;
 
 void LeftButtonDown(Canvas* canvas, const PointerPress& press);
 void RightButtonDown(Canvas* canvas, const PointerPress& press);

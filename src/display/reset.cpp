@@ -11,6 +11,7 @@
 void ResetDisplay() {
   viewWindows = {};
   pointerRoutes = {};
+  pressHooks.Clear();
   for (uint8_t* buffer : {composeRows.sources, composeRows.coverages, composeRows.plane,
                           composeRows.bounce})
     delete[] buffer;

@@ -19,6 +19,7 @@ void DefaultSettings(Settings& record) {
   record.statusBarOn = 1;
   record.toolBarOn = 1;
   record.ctrlPanelOn = 1;
+  record.ctrlPanelPage = 3;  // the CONTROL page
   record.ditherOn = 1;
   record.displayPosition = 1;
   WritePenToolState(record, kDefaultPenToolState);

@@ -41,7 +41,7 @@ struct Settings {
   int32_t numberNotation;
   int32_t defaultDisplay;
   int32_t autoAdjustWindow;
-  int32_t reserved364176;
+  int32_t ctrlPanelPage;  // the control panel's page shown, by its number
   int32_t noThumbnailRedraw;
   int32_t doubleAccuracyDefault;
   int32_t autoInitToneFilter;
@@ -113,7 +113,7 @@ static_assert(offsetof(Settings, selectionHistorySize) == 364160);
 static_assert(offsetof(Settings, numberNotation) == 364164);
 static_assert(offsetof(Settings, defaultDisplay) == 364168);
 static_assert(offsetof(Settings, autoAdjustWindow) == 364172);
-static_assert(offsetof(Settings, reserved364176) == 364176);
+static_assert(offsetof(Settings, ctrlPanelPage) == 364176);
 static_assert(offsetof(Settings, noThumbnailRedraw) == 364180);
 static_assert(offsetof(Settings, doubleAccuracyDefault) == 364184);
 static_assert(offsetof(Settings, autoInitToneFilter) == 364188);

@@ -297,3 +297,20 @@ not_white_box() {
   convert "$SHOT.png" -crop "${3}x${4}+${1}+${2}" +repage -fill black +opaque white -negate \
     -format '%@' info: 2>/dev/null | grep -v '^0x0' || true
 }
+
+# The LAYER page of the control panel, chosen by its tab (the first).
+show_layer_page() {
+  local tx ty
+  read -r tx ty _ _ <<<"$(screen_rect '^2 SysTabControl32#')"
+  point_at $((tx + 20)) $((ty + 10))
+  xdotool click 1
+  sleep 0.5
+}
+# The rows of the list that show, one a line as "<x> <y>" on the screen,
+# from the top of the list down.
+LAYER_ROW='^4 #32770#0 "" 102x32 '
+layer_rows() {
+  wine "$PROBE" screen 2>/dev/null | tr -d '\r' | grep -E -- "$LAYER_ROW" |
+    sed -n 's/.* @\(-\{0,1\}[0-9]*\),\(-\{0,1\}[0-9]*\)$/\1 \2/p' | sort -n -k2
+}
+layer_rows_are() { [ "$(layer_rows | wc -l)" -eq "$1" ]; }

@@ -18,6 +18,7 @@
 #include "file/reset.h"
 #include "layers/reset.h"
 #include "paint/reset.h"
+#include "panels/reset.h"
 #include "pixel/reset.h"
 #include "platform/headless/headless.h"
 #include "settings/reset.h"
@@ -49,6 +50,7 @@ class TeselTest : public ::testing::Test {
     ResetPaint();
     ResetAdjust();
     ResetFile();
+    ResetPanels();
     ResetShell();
   }
   // An empty record, freed with the test.

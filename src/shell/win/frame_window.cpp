@@ -3,6 +3,7 @@
 #include "shell/win/frame_window.h"
 
 #include "paint/tip/pen_state.h"
+#include "panels/win/thumbnail_win.h"
 #include "platform/win32/win32_platform.h"
 #include "platform/win32/win32_windows.h"
 #include "shell/command_routing.h"
@@ -80,6 +81,8 @@ LRESULT CALLBACK FrameProc(HWND frame, UINT message, WPARAM wParam, LPARAM lPara
       return MayClose(frame);
     case WM_COMMAND:
       if (IsMdiItem(LOWORD(wParam))) break;
+      // A command may change the plane the layer panel's worker reads.
+      StopThumbnailWorker();
       RouteCommand(LOWORD(wParam), lParam);
       return 0;
     case WM_TIMER:

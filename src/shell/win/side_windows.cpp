@@ -4,12 +4,12 @@
 #include "shell/win/side_windows.h"
 
 #include "paint/tip/stored_pen.h"
-#include "paint/win/control_page_win.h"
 #include "platform/win32/win32_platform.h"
 #include "platform/win32/win32_windows.h"
 #include "settings/settings.h"
 #include "shell/input_rules.h"
 #include "shell/status_text.h"
+#include "shell/win/panel_pages.h"
 #include "shell/win/shell_globals.h"
 
 namespace {
@@ -79,19 +79,9 @@ LRESULT CALLBACK BarProc(HWND bar, UINT message, WPARAM wParam, LPARAM lParam) {
   return DefWindowProcW(bar, message, wParam, lParam);
 }
 
-// The control panel holds its page, the size of its client area, and
-// passes it the panel messages.
+// The control panel holds its pages behind their tabs.
 LRESULT CALLBACK CtrlPanelProc(HWND panel, UINT message, WPARAM wParam, LPARAM lParam) {
-  HWND page = GetWindow(panel, GW_CHILD);
-  switch (message) {
-    case WM_SIZE:
-      if (page) MoveWindow(page, 0, 0, LOWORD(lParam), HIWORD(lParam), TRUE);
-      return 0;
-    case platform::MsgPanelRefresh:
-    case platform::MsgPanelsRepaint:
-      if (page) SendMessageW(page, message, wParam, lParam);
-      return 0;
-  }
+  if (PanelPagesMessage(panel, message, wParam, lParam)) return 0;
   return BarProc(panel, message, wParam, lParam);
 }
 
@@ -124,8 +114,8 @@ bool CreateSideWindows(HWND frame) {
   toolBar = CreateBar(kToolBarClass, frame, kToolBarId);
   ctrlPanel = CreateBar(kCtrlPanelClass, frame, kCtrlPanelId);
   if (!statusBar || !toolBar || !ctrlPanel) return false;
-  // Without its page the panel stays a strip in the corner.
-  if (CreateControlPage(ctrlPanel, startFolder)) documentKeyHooks.Add(HandlePenKeys);
+  // Without its pages the panel stays a strip in the corner.
+  if (CreatePanelPages(ctrlPanel)) documentKeyHooks.Add(HandlePenKeys);
   return true;
 }
 

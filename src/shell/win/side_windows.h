@@ -5,7 +5,7 @@
 
 bool RegisterSideWindowClasses();
 // Creates the three, hidden until the frame lays them out, and docks the
-// CONTROL page in the control panel.
+// pages in the control panel.
 bool CreateSideWindows(HWND frame);
 // The height of a tool-bar button for the icon size of the settings.
 int ToolButtonHeight();
