@@ -17,6 +17,7 @@
 #include "document/reset.h"
 #include "file/reset.h"
 #include "paint/reset.h"
+#include "panels/reset.h"
 #include "pixel/reset.h"
 #include "platform/headless/headless.h"
 #include "settings/reset.h"
@@ -47,6 +48,7 @@ class TeselTest : public ::testing::Test {
     ResetPaint();
     ResetAdjust();
     ResetFile();
+    ResetPanels();
     ResetShell();
   }
   // An empty record, freed with the test.
