@@ -7,7 +7,9 @@
 #include <filesystem>
 #include <random>
 
+#include "file/install.h"
 #include "paint/modes/pen_modes.h"
+#include "paint/tip/pen_pattern.h"
 #include "paint/tip/pen_record.h"
 #include "panels/cell_thumbnail.h"
 #include "panels/palette_cells.h"
@@ -201,6 +203,32 @@ TEST_F(PaletteTest, StoreWritesThePatternBesideTheProgramAndAColourClearsIt) {
   pen.patternActive = 1;
   ASSERT_EQ(StoreCell(bare.path(), 0, 0), 1);
   EXPECT_EQ(GetPaletteCell(0).isImage, 0u);
+}
+
+// Stored and picked back through the bmp plug-in: the pattern comes back
+// with its mask, and the pen takes the cell's colour.
+TEST_F(PaletteTest, AStoredPatternPicksBackAsThePenPattern) {
+  TempFolder program;
+  std::filesystem::create_directories(program / "file_r");
+  std::filesystem::create_directories(program / "palette");
+  std::filesystem::copy_file(std::string(TESEL_PLUGIN_DIR) + "/bmp.so", program / "file_r/bmp.so");
+  InstallFile(program.path());
+  const std::vector<uint8_t> pixels = {10, 20, 30, 40, 50, 60, 70, 80, 90, 100, 110, 120};
+  pen.red = 4, pen.green = 5, pen.blue = 6;
+  pen.patternImage = PlaneOfBytes(2, 2, 24, pixels);
+  pen.patternAlpha = PlaneOfBytes(2, 2, 8, {0, 100, 200, 255});
+  pen.patternActive = 1;
+  ASSERT_EQ(StoreCell(program.path(), 0, 3), 1);
+  FreePenPattern();
+  pen.red = pen.green = pen.blue = 0;
+
+  headless::Recorded().boxAnswers.push_back(platform::IdNo);  // not as the tip
+  ASSERT_EQ(PickCell(0, 3), 1);
+  EXPECT_EQ(pen.patternActive, 1u);
+  EXPECT_EQ((std::array{pen.red, pen.green, pen.blue}), (std::array{4u, 5u, 6u}));
+  EXPECT_EQ(PlaneBytes(pen.patternImage), pixels);
+  EXPECT_EQ(PlaneBytes(pen.patternAlpha), (std::vector<uint8_t>{0, 100, 200, 255}));
+  EXPECT_EQ(tipState.patternIsTip, 0);
 }
 
 void SaveUniform(const std::string& path, int width, int height, int bits, uint8_t value) {
