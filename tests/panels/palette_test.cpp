@@ -18,9 +18,9 @@
 #include "panels/palette_pick.h"
 #include "platform/headless/headless.h"
 #include "settings/settings.h"
-#include "shell/settings_files.h"
 #include "store/dib.h"
 #include "support/fixture.h"
+#include "support/palette_bytes.h"
 #include "support/planes.h"
 #include "support/temp_folder.h"
 
@@ -31,23 +31,8 @@ using PaletteTest = TeselTest;
 constexpr size_t kFileBytes = 363488;
 constexpr size_t kCellBytes = 312;
 
-// Where every cell of the file starts: 40 corners, 1,000 stops, 112 cells.
-std::vector<size_t> CellStarts() {
-  std::vector<size_t> starts;
-  for (size_t i = 0; i < 40; ++i) starts.push_back(i * kCellBytes);
-  for (size_t i = 0; i < 1000; ++i) starts.push_back(12544 + i * kCellBytes);
-  for (size_t i = 0; i < 112; ++i) starts.push_back(328544 + i * kCellBytes);
-  return starts;
-}
-
-// What a read makes of the file's bytes: the two pointer words of each cell
-// cleared and its path ended at the field's last byte.
 std::vector<uint8_t> Settled(std::vector<uint8_t> bytes) {
-  for (size_t start : CellStarts()) {
-    if (start + kCellBytes > bytes.size()) continue;
-    std::fill(bytes.begin() + long(start + 304), bytes.begin() + long(start + 312), 0);
-    bytes[start + 52 + 251] = 0;
-  }
+  SettlePaletteBytes(bytes);
   return bytes;
 }
 
@@ -98,15 +83,14 @@ TEST_F(PaletteTest, PaletteFileRoundTripsByteForByteAndSurvivesSpoiltFiles) {
   EXPECT_EQ(Area(), Settled(longer));
 }
 
-TEST_F(PaletteTest, FirstRunSeedsBrightColoursAndThreeStopsALine) {
-  TempFolder folder;  // no settings, no palette
+TEST_F(PaletteTest, SeedGivesBrightColoursAndThreeStopsALine) {
   std::memset(settings.paletteArea, 0xAB, kFileBytes);
-  EXPECT_EQ(LoadSettings(folder.path()), 0);
+  SeedPalette();
   const std::vector<uint8_t> area = Area();
   PaletteCell first;
   std::memcpy(&first, &area[0], sizeof first);
   int distinct = 0;
-  for (size_t start : CellStarts()) {
+  for (size_t start : PaletteCellStarts()) {
     PaletteCell cell;
     std::memcpy(&cell, &area[start], sizeof cell);
     EXPECT_EQ(std::max({cell.red, cell.green, cell.blue}), 255u) << start;  // value 255

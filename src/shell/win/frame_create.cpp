@@ -9,6 +9,7 @@
 #include "base/command_ids.h"
 #include "display/win/view_windows_win.h"
 #include "paint/win/stroke_windows_win.h"
+#include "panels/win/color_mixer_win.h"
 #include "platform/win32/win32_platform.h"
 #include "file/win/file_dialogs_win.h"
 #include "platform/win32/win32_windows.h"
@@ -69,6 +70,7 @@ bool OnFrameCreate(HWND frame, const CREATESTRUCTW* create) {
   BindWindows();
   ConnectShellWindows();
   InstallViewWindows();
+  InstallColorMixer(startFolder);
   InstallStrokeWindows();
   InstallAdjustWindows();
   InstallFileWindows();
