@@ -325,6 +325,8 @@ void SizeTabs(HWND page) {
   SendMessageW(tabs, TCM_SETITEMSIZE, 0, MAKELPARAM((r.right - 4) / (kGradientTab + 1), r.bottom));
 }
 
+// The colour panel stands in the place marked IDC_PAL_COLOR_AREA, which
+// the pen modes that take their colour from a source will share.
 void PlaceColorPanel(HWND page) {
   state.colorPanel = CreateDialogW(win32::ProgramInstance(), L"pal_color", page, ColorPanelProc);
   if (!state.colorPanel) return;
