@@ -333,7 +333,7 @@ Plane* FastPreview(const std::string& path) {
   return preview;
 }
 
-bool LoadImageWithAlpha(const std::string& path, Plane** image, Plane** alpha) {
+bool LoadImageWithAlpha(const std::string& path, Plane** image, Plane** alpha, int* delivered) {
   *image = *alpha = nullptr;
   FileSize size;
   if (!GetFileSize(path, 0, &size)) return false;
@@ -346,7 +346,7 @@ bool LoadImageWithAlpha(const std::string& path, Plane** image, Plane** alpha) {
   }
   for (int i = 0; i < 256; ++i)
     std::memset((*alpha)->palette[i], i, 3);
-  if (ReadIntoPicture(*image, *alpha, path, nullptr)) return true;
+  if (ReadIntoPicture(*image, *alpha, path, delivered)) return true;
   PlaneStore.FreePlane(image);
   PlaneStore.FreePlane(alpha);
   return false;

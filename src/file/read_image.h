@@ -45,8 +45,10 @@ Plane* LoadPreview(const std::string& path);
 Plane* FastPreview(const std::string& path);
 
 // A picture and its transparency: a 24-bit plane, and an 8-bit one that is
-// 255 where the file brought none. False when the file can't be read.
-bool LoadImageWithAlpha(const std::string& path, Plane** image, Plane** alpha);
+// 255 where the file brought none; delivered, when given, is set when the
+// file brought one. False when the file can't be read.
+bool LoadImageWithAlpha(const std::string& path, Plane** image, Plane** alpha,
+                        int* delivered = nullptr);
 
 // Forgets the depths of the last GetFileSize.
 void ResetReadImage();

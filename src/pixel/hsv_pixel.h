@@ -33,14 +33,20 @@ constexpr DivTableData BuildDivTable() {
 
 alignas(64) inline constexpr DivTableData DivTable = BuildDivTable();
 
-// The raw hue of RgbToHsv runs -255..1275. HueTable[scaled][raw + 255] is
-// raw * 60 / 255 (truncating toward zero), plus 360 if negative, and for
-// scaled then x 255 / 360.
+// The units a hue comes out in: degrees, or a byte. The mix modes of the
+// composition take a byte as degrees x 255 / 360; everything else (the pen,
+// the palette, the mixer, the adjustments) as degrees x 255 / 359, the
+// inverse of HsvToRgb's widening, so that the byte reaches 255.
+enum HueUnit { kHueDegrees = 0, kHueByteOf360 = 1, kHueByteOf359 = 2 };
+
+// The raw hue of RgbToHsv runs -255..1275. HueTable[unit][raw + 255] is
+// raw * 60 / 255 (truncating toward zero), plus 360 if negative, then
+// taken to the unit.
 constexpr int kRawHueMin = -255;
 constexpr int kRawHues = 1275 - kRawHueMin + 1;
 
 struct HueTableData {
-  uint16_t v[2][kRawHues];
+  uint16_t v[3][kRawHues];
 };
 
 constexpr HueTableData BuildHueTable() {
@@ -48,8 +54,9 @@ constexpr HueTableData BuildHueTable() {
   for (int raw = kRawHueMin; raw < kRawHueMin + kRawHues; ++raw) {
     int degrees = raw * 60 / 255;
     if (degrees < 0) degrees += 360;
-    table.v[0][raw - kRawHueMin] = static_cast<uint16_t>(degrees);
-    table.v[1][raw - kRawHueMin] = static_cast<uint16_t>(degrees * 255 / 360);
+    table.v[kHueDegrees][raw - kRawHueMin] = static_cast<uint16_t>(degrees);
+    table.v[kHueByteOf360][raw - kRawHueMin] = static_cast<uint16_t>(degrees * 255 / 360);
+    table.v[kHueByteOf359][raw - kRawHueMin] = static_cast<uint16_t>(degrees * 255 / 359);
   }
   return table;
 }
@@ -66,7 +73,7 @@ inline constexpr uint8_t kSextantPicks[6][3] = {{0, 3, 1}, {2, 0, 1}, {1, 0, 3},
 
 // No branches on which colour is largest or which sextant a hue is in:
 // random pictures would mispredict them at every pixel.
-inline Hsv ToHsv(unsigned r, unsigned g, unsigned b, bool scaled) {
+inline Hsv ToHsv(unsigned r, unsigned g, unsigned b, HueUnit unit) {
   const unsigned v = std::max({r, g, b});
   const unsigned n = std::min({r, g, b});
   const int s = DivTable.v[v][v - n];
@@ -76,12 +83,13 @@ inline Hsv ToHsv(unsigned r, unsigned g, unsigned b, bool scaled) {
     const int rp = over[v - r], gp = over[v - g], bp = over[v - b];
     // The later test wins when two colours share the maximum.
     const int raw = v == b ? gp - rp + 1020 : v == g ? rp - bp + 510 : bp - gp;
-    h = HueTable.v[scaled][raw - kRawHueMin];
+    h = HueTable.v[unit][raw - kRawHueMin];
   }
   return {h, s, static_cast<int>(v)};
 }
 
-// h 0..359 (scaled 0..255), s and v 0..255.
+// h 0..359 (scaled 0..255), s and v 0..255: within these every hue falls
+// in one of the six sextants.
 inline void ToRgb(unsigned h, unsigned s, unsigned v, unsigned out[3], bool scaled) {
   if (scaled) h = h * 359 / 255;
   if (h >= 360) h -= 360;
@@ -100,9 +108,10 @@ inline void ToRgb(unsigned h, unsigned s, unsigned v, unsigned out[3], bool scal
 
 }  // namespace hsv_detail
 
-// Scaled hue, saturation and value of one blue-green-red pixel.
+// Hue (a byte of 360 degrees), saturation and value of one blue-green-red
+// pixel, as the mix modes take them.
 inline Hsv PixelToHsv(const uint8_t* bgr) {
-  return hsv_detail::ToHsv(bgr[2], bgr[1], bgr[0], true);
+  return hsv_detail::ToHsv(bgr[2], bgr[1], bgr[0], hsv_detail::kHueByteOf360);
 }
 
 // v alone: the largest colour.

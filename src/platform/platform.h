@@ -94,6 +94,10 @@ FILE* OpenFile(const std::string& path, const char* mode);
 // Deletes a file by its UTF-8 name; false when it can't be deleted.
 bool RemoveFile(const std::string& path);
 bool FileExists(const std::string& path);
+// When the file was last written, in the system's own units (the same
+// file gives the same number until it is written again); 0 when it can't
+// be read.
+uint64_t FileWriteTime(const std::string& path);
 // Puts the file `from` in the place of `to` in one step of the file system:
 // until it is done `to` stays as it was, and a crash leaves one or the
 // other whole. False when it can't be done; `from` then stays.

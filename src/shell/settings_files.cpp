@@ -2,12 +2,13 @@
 
 #include <cstdio>
 
+#include "panels/palette_cells.h"
+#include "panels/palette_file.h"
 #include "platform/platform.h"
 #include "settings/number_lists.h"
 #include "settings/settings.h"
 #include "settings/start_rules.h"
 #include "shell/file_history.h"
-#include "shell/palette_file.h"
 #include "shell/tool_bar_table.h"
 
 namespace {
@@ -40,7 +41,10 @@ int LoadSettings(const std::string& folder) {
   ReadToolBarTable();
   ApplyStartRules(settings);
   ReadFileHistory(folder);
-  return LoadPaletteFile(folder);
+  // No palette yet: the first run starts with a seeded one.
+  if (LoadPaletteFile(folder)) return 1;
+  SeedPalette();
+  return 0;
 }
 
 int SaveSettings(const std::string& folder) {

@@ -15,6 +15,7 @@
 #include "support/temp_folder.h"
 #include "shell/tool_bar_table.h"
 #include "support/fixture.h"
+#include "support/palette_bytes.h"
 
 namespace {
 
@@ -87,6 +88,7 @@ class SettingsFilesTest : public TeselTest {
 TEST_F(SettingsFilesTest, SavedRecordLoadsBackWithOnlyTheRulesApplied) {
   Bytes record(kRecordBytes);
   for (size_t i = 0; i < kRecordBytes; ++i) record[i] = static_cast<uint8_t>((i * 131 + 7) % 251);
+  SettlePaletteBytes(record, 660);  // as a read of the palette leaves it
   // One side of each clamp, and every forced word holding the other value.
   PutClamped(record, {101, 11, 0, 2, -1, 15, 601, 9, 10241});
   for (auto [offset, value] : kForced) PutWords(record, {{offset, 1 - value}});
@@ -121,8 +123,11 @@ TEST_F(SettingsFilesTest, SavedRecordLoadsBackWithOnlyTheRulesApplied) {
 
 TEST_F(SettingsFilesTest, WithoutFilesTheZeroRecordIsClamped) {
   std::strcpy(fileHistory[0], "C:\\old.tsl");
-  EXPECT_EQ(0, LoadSettings(folder.path()));  // no palette file
+  EXPECT_EQ(0, LoadSettings(folder.path()));  // no palette file: a seeded palette
   Bytes expected(kRecordBytes, 0);
+  const Bytes live = LiveRecord();
+  EXPECT_NE(Bytes(live.begin() + 660, live.begin() + 660 + 363488), Bytes(363488, 0));
+  std::copy_n(live.begin() + 660, 363488, expected.begin() + 660);
   PutForcedValues(expected);
   PutClamped(expected, {5, 0, 1, 0, 0, 16, 40, 640, 480});
   ExpectRecord(expected, LiveRecord());
@@ -136,6 +141,7 @@ TEST_F(SettingsFilesTest, ShippedFileIsReadOnlyWithoutTheUsersFile) {
   PutClamped(shipped, {5, 10, 20, 7, 1, 200, 40, 10, 10240});
   PutWords(shipped, {{364728, 1}});
   folder.Write("env__2.env", shipped);
+  folder.Write("palette/pal.dat", Bytes(363488, 0));  // a palette: none is seeded
   LoadSettings(folder.path());
   Bytes expected = shipped;
   PutForcedValues(expected);
@@ -160,6 +166,7 @@ TEST_F(SettingsFilesTest, ShortFilesLeaveTheRestOfTheRecordAndThePalette) {
   Bytes expected(kRecordBytes, 0x11);
   std::fill(expected.begin(), expected.begin() + 1000, 0xAB);
   std::copy(palette.begin(), palette.end(), expected.begin() + 660);
+  SettlePaletteBytes(expected, 660);
   PutForcedValues(expected);
   PutClamped(expected, {100, 10, 0x11111111, 1, 1, 200, 600, 10240, 10240});
   ExpectRecord(expected, LiveRecord());
@@ -178,6 +185,7 @@ TEST_F(SettingsFilesTest, ShippedFileHoldsTheDefaults) {
   Bytes shipped = TempFolder::ReadFile(TESEL_SHIPPED_ENV);
   ASSERT_EQ(kRecordBytes, shipped.size());
   folder.Write("env__2.env", shipped);
+  folder.Write("palette/pal.dat", Bytes(363488, 0));
   LoadSettings(folder.path());
   auto defaults = std::make_unique<Settings>();
   DefaultSettings(*defaults);

@@ -9,6 +9,7 @@
 #include "paint/modes/protection.h"
 #include "paint/win/panel_common_win.h"
 #include "panels/layer_menus.h"
+#include "panels/win/color_mixer_win.h"
 #include "panels/win/layer_list_win.h"
 #include "panels/win/layer_menus_win.h"
 #include "panels/win/layer_panel_ids.h"
@@ -80,6 +81,20 @@ void PopupPlanes(HWND page) {
   PostMessageW(state.list, kMsgLayOutRows, 0, 0);
 }
 
+// The colour behind transparent parts, for every picture.
+void ChooseBackground(HWND page) {
+  constexpr int kStringBackground = 1001;
+  int red = settings.backgroundRed, green = settings.backgroundGreen;
+  int blue = settings.backgroundBlue;
+  if (!MixColor(page, &red, &green, &blue, StringText(kStringBackground))) return;
+  settings.backgroundRed = red;
+  settings.backgroundGreen = green;
+  settings.backgroundBlue = blue;
+  RedrawWindow(platform::BoundWindow(platform::Window::MdiClient), nullptr, nullptr,
+               RDW_INVALIDATE | RDW_ALLCHILDREN);
+  ShowStrip(page);
+}
+
 void Command(HWND page, int id) {
   const Canvas* canvas = ActiveCanvas();
   switch (id) {
@@ -100,6 +115,9 @@ void Command(HWND page, int id) {
       settings.showPlanes = !settings.showPlanes;
       ShowStrip(page);
       SendMessageW(state.list, platform::MsgLayerRedraw, WPARAM(-1), LPARAM(ActiveCanvas()));
+      return;
+    case IDC_STRIP_BACKGROUND:
+      ChooseBackground(page);
       return;
   }
 }

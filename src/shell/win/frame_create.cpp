@@ -10,6 +10,7 @@
 #include "display/win/view_windows_win.h"
 #include "layers/win/layer_resize_win.h"
 #include "paint/win/stroke_windows_win.h"
+#include "panels/win/color_mixer_win.h"
 #include "platform/win32/win32_platform.h"
 #include "file/win/file_dialogs_win.h"
 #include "platform/win32/win32_windows.h"
@@ -71,6 +72,7 @@ bool OnFrameCreate(HWND frame, const CREATESTRUCTW* create) {
   ConnectShellWindows();
   InstallViewWindows();
   InstallLayerResizeWindow();
+  InstallColorMixer(startFolder);
   InstallStrokeWindows();
   InstallAdjustWindows();
   InstallFileWindows();

@@ -8,6 +8,7 @@
 
 #include "paint/win/control_page_win.h"
 #include "panels/win/layer_page_win.h"
+#include "panels/win/palette_page_win.h"
 #include "platform/platform.h"
 #include "platform/win32/win32_windows.h"
 #include "settings/settings.h"
@@ -22,6 +23,7 @@ struct PanelPage {
 };
 // In the order of their tabs.
 constexpr PanelPage kPanelPages[] = {
+    {L"PALETTE", 1, CreatePalettePage},
     {L"LAYER", 2, CreateLayerPage},
     {L"CONTROL", 3, CreateControlPage},
 };

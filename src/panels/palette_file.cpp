@@ -1,7 +1,8 @@
-#include "shell/palette_file.h"
+#include "panels/palette_file.h"
 
 #include <cstdio>
 
+#include "panels/palette_cells.h"
 #include "platform/platform.h"
 #include "settings/side_path.h"
 
@@ -18,6 +19,7 @@ int LoadPaletteFile(const std::string& folder) {
   if (!file) return 0;
   std::fread(settings.paletteArea, 1, kPaletteAreaBytes, file);
   std::fclose(file);
+  SettlePaletteArea();
   return 1;
 }
 
