@@ -298,11 +298,12 @@ not_white_box() {
     -format '%@' info: 2>/dev/null | grep -v '^0x0' || true
 }
 
-# The LAYER page of the control panel, chosen by its tab (the first).
+# The LAYER page of the control panel, chosen by its tab (the second of
+# three that share the strip's width).
 show_layer_page() {
-  local tx ty
-  read -r tx ty _ _ <<<"$(screen_rect '^2 SysTabControl32#')"
-  point_at $((tx + 20)) $((ty + 10))
+  local tx ty tw
+  read -r tx ty tw _ <<<"$(screen_rect '^2 SysTabControl32#')"
+  point_at $((tx + tw / 2)) $((ty + 10))
   xdotool click 1
   sleep 0.5
 }

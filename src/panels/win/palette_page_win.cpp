@@ -322,6 +322,7 @@ void SizeTabs(HWND page) {
   HWND tabs = GetDlgItem(page, IDC_PAL_TABS);
   RECT r;
   GetClientRect(tabs, &r);
+  SendMessageW(tabs, TCM_SETPADDING, 0, MAKELPARAM(1, 3));  // room for the gradient tab's word
   SendMessageW(tabs, TCM_SETITEMSIZE, 0, MAKELPARAM((r.right - 4) / (kGradientTab + 1), r.bottom));
 }
 

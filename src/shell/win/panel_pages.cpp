@@ -29,6 +29,7 @@ constexpr PanelPage kPanelPages[] = {
 };
 constexpr int kPageCount = int(std::size(kPanelPages));
 constexpr int kTabHeight = 22;
+constexpr int kTabMargin = 6;  // the strip's own edges
 
 struct PagesState {
   HWND tabs = nullptr;
@@ -51,8 +52,10 @@ int SavedTab() {
   return 0;
 }
 
+// The tabs share the panel's width, so that all of them show at once.
 void Resize(int width, int height) {
   MoveWindow(state.tabs, 0, 0, width, kTabHeight, TRUE);
+  TabCtrl_SetItemSize(state.tabs, std::max(1, (width - kTabMargin) / state.count), kTabHeight - 2);
   for (int i = 0; i < state.count; ++i)
     MoveWindow(state.pages[i], 0, kTabHeight, width, std::max(0, height - kTabHeight), TRUE);
 }
@@ -62,7 +65,7 @@ void Resize(int width, int height) {
 bool CreatePanelPages(HWND panel) {
   const INITCOMMONCONTROLSEX controls{sizeof controls, ICC_TAB_CLASSES};
   InitCommonControlsEx(&controls);
-  state.tabs = CreateWindowExW(0, WC_TABCONTROLW, nullptr, WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS,
+  state.tabs = CreateWindowExW(0, WC_TABCONTROLW, nullptr, WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS | TCS_FIXEDWIDTH,
                                0, 0, 0, 0, panel, nullptr, win32::ProgramInstance(), nullptr);
   if (!state.tabs) return false;
   SendMessageW(state.tabs, WM_SETFONT, WPARAM(GetStockObject(DEFAULT_GUI_FONT)), FALSE);
