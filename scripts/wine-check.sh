@@ -52,5 +52,37 @@ if [ "$wic_status" -eq 0 ] && command -v identify >/dev/null && [ -n "$png" ]; t
     wic_status=1
   fi
 fi
+# The layer dialogs need a display: a virtual X server of their own. Their
+# screenshots go to <build>/wine-check-output/layer_dialogs/ as PNG files.
+dialogs_status=0
+dialogs="$build/tests/win32/layer_dialogs_check.exe"
+if [ -f "$dialogs" ] && command -v Xvfb >/dev/null; then
+  echo "== layer dialogs under Wine"
+  shots="$build/wine-check-output/layer_dialogs"
+  rm -rf "$shots" && mkdir -p "$shots"
+  display=80
+  while [ -e /tmp/.X11-unix/X$display ] || [ -e /tmp/.X$display-lock ]; do display=$((display + 1)); done
+  Xvfb ":$display" -screen 0 1024x768x24 -nolisten tcp >/dev/null 2>&1 &
+  xvfb=$!
+  for _ in $(seq 50); do [ -e /tmp/.X11-unix/X$display ] && break; sleep 0.1; done
+  # The server of the checks above runs without a display, and so would
+  # every window of a program it serves.
+  wineserver -k >/dev/null 2>&1 || true
+  # Wine draws the frames itself, so that a screenshot shows the titles.
+  DISPLAY=":$display" wine reg add 'HKCU\Software\Wine\X11 Driver' /v Decorated /t REG_SZ /d N /f \
+    >/dev/null 2>&1
+  shots=$(cd "$shots" && pwd)
+  DISPLAY=":$display" timeout --kill-after=10 120 wine "$dialogs" "Z:${shots//\//\\}" ||
+    dialogs_status=$?
+  [ "$dialogs_status" -eq 124 ] && echo "layer dialogs check timed out" >&2
+  wineserver -k >/dev/null 2>&1 || true
+  kill "$xvfb" 2>/dev/null || true
+  if command -v convert >/dev/null; then
+    for bmp in "$shots"/*.bmp; do
+      [ -f "$bmp" ] && convert "$bmp" "${bmp%.bmp}.png" && rm "$bmp"
+    done
+  fi
+fi
 [ "$status" -ne 0 ] && exit "$status"
+[ "$dialogs_status" -ne 0 ] && exit "$dialogs_status"
 exit "$wic_status"

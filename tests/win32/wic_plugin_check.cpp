@@ -12,18 +12,10 @@
 #include <string>
 #include <vector>
 
+#include "check_report.h"
 #include "plugin_abi/file_plugin.h"
 
 namespace {
-
-int failures = 0;
-
-void Report(const std::string& name, bool passed, const std::string& seen = "") {
-  failures += !passed;
-  std::printf("%s %s%s%s\n", passed ? "ok  " : "FAIL", name.c_str(), seen.empty() ? "" : ": ",
-              seen.c_str());
-  std::fflush(stdout);
-}
 
 // A picture as the host holds it: B,G,R pixels and the transparency plane.
 struct Picture {
@@ -298,6 +290,5 @@ int main(int argc, char** argv) {
   CheckLossy(p, folder);
   CheckRefusals(p, folder);
 
-  std::printf("%s\n", failures == 0 ? "wic plug-in check passed" : "wic plug-in check FAILED");
-  return failures == 0 ? 0 : 1;
+  return Finish("wic plug-in check");
 }

@@ -14,7 +14,12 @@ INT_PTR CALLBACK DialogProc(HWND window, UINT message, WPARAM wParam, LPARAM lPa
     return TRUE;
   }
   const auto* dialog = reinterpret_cast<const Dialog*>(GetWindowLongPtrW(window, DWLP_USER));
-  if (message != WM_COMMAND || !dialog) return FALSE;
+  if (!dialog) return FALSE;
+  if (message != WM_COMMAND) {
+    INT_PTR result = FALSE;
+    return dialog->other && dialog->other(window, message, wParam, lParam, &result) ? result
+                                                                                    : FALSE;
+  }
   const int control = LOWORD(wParam);
   if (dialog->command && dialog->command(window, control, HIWORD(wParam))) return TRUE;
   if (control == IDOK && (!dialog->accept || dialog->accept(window))) {

@@ -31,11 +31,15 @@ bool RegisterWindowClass(const WindowClass& windowClass);
 // takes its controls' WM_COMMAND (control id and notification code) and
 // answers whether it handled one. OK asks `accept`, which reads the fields
 // and answers whether the dialog may close (after telling what is wrong);
-// Cancel and Esc close it. Any member may be empty.
+// Cancel and Esc close it. `other` sees every other message (timers,
+// scroll bars, colours, drawing) and answers whether it handled one, with
+// the dialog procedure's result in *result. Any member may be empty.
 struct Dialog {
   std::function<void(HWND dialog)> init;
   std::function<bool(HWND dialog)> accept;
   std::function<bool(HWND dialog, int control, int notification)> command;
+  std::function<bool(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam, INT_PTR* result)>
+      other;
 };
 
 // Runs it owned by `owner`; true when it closed with OK.

@@ -13,6 +13,7 @@
 #include "panels/win/color_mixer_win.h"
 #include "platform/win32/win32_platform.h"
 #include "file/win/file_dialogs_win.h"
+#include "layers/win/layer_windows_win.h"
 #include "platform/win32/win32_windows.h"
 #include "resources/strings.h"
 #include "settings/settings.h"
@@ -76,6 +77,7 @@ bool OnFrameCreate(HWND frame, const CREATESTRUCTW* create) {
   InstallStrokeWindows();
   InstallAdjustWindows();
   InstallFileWindows();
+  InstallLayerWindows();
   // The settings are read by now.
   InstallSubsystems(startFolder, tempFolder);
   RegisterFrameDialogs();
