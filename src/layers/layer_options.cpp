@@ -7,7 +7,6 @@
 #include "display/redraw.h"
 #include "document/canvas_slots.h"
 #include "layers/dialog_fields.h"
-#include "platform/platform.h"
 
 std::string FittedLayerName(const std::string& typed) {
   size_t length = std::min(typed.size(), static_cast<size_t>(kPlaneNameChars - 1));
@@ -69,8 +68,6 @@ bool LayerOptionsSession::TakeRepaintDue() { return std::exchange(repaintDue_, f
 void LayerOptionsSession::Repaint() {
   const PlaneSlot& slot = Slot();
   RedrawCanvasBox(canvas_, Rect::OfSize(slot.left, slot.top, slot.width, slot.height));
-  platform::SendToWindow(platform::Window::LayerPanel, platform::MsgLayerRedraw, -1,
-                         reinterpret_cast<intptr_t>(canvas_));
 }
 
 void LayerOptionsSession::Keep() {

@@ -40,7 +40,8 @@ class LayerOptionsSession {
 
   // True once after a change: the dialog's timer asks, then repaints.
   bool TakeRepaintDue();
-  // The layer's box repaints and the layer panel rebuilds its rows.
+  // The layer's box repaints. The layer panel learns of the change from
+  // whoever opened the dialog, once it has closed.
   void Repaint();
 
   // OK: the opacity goes back from percent, as the dialog held it.

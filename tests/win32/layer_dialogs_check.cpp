@@ -316,8 +316,7 @@ void CheckSizes(const Canvas* canvas) {
 }
 
 void CheckRotate(Canvas* canvas) {
-  RotateChoice choice;
-  choice.degrees = 90;
+  RotateChoice choice;  // no angle yet
   bool angleEnabled = true;
   const bool ok = Run(
       "tsl_rotate",

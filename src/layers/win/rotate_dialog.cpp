@@ -33,6 +33,8 @@ struct RotateDialog {
 };
 
 void Init(RotateDialog& state, HWND dialog) {
+  // A turn of nothing is no choice: the dialog then starts on a quarter turn.
+  if (state.choice->degrees == 0) state.choice->degrees = kFixedAngles[0];
   int chosen = IDC_ROTATE_ARBITRARY;
   for (int i = 0; i < kFixedCount; ++i)
     if (std::remainder(state.choice->degrees - kFixedAngles[i], 360) == 0)
