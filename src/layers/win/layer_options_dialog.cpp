@@ -83,6 +83,7 @@ bool Other(OptionsDialog& state, HWND dialog, UINT message, WPARAM wParam) {
 }  // namespace
 
 bool RunLayerOptionsDialog(Canvas* canvas, int layer) {
+  if (layer < 0 || layer >= kMaxLayers || !canvas->planes[SlotIndex(layer, 0)].plane) return false;
   OptionsDialog state{LayerOptionsSession(canvas, layer)};
   win32::Dialog dialog;
   dialog.init = [&state](HWND window) { Init(state, window); };
