@@ -8,6 +8,7 @@
 #include "layers/drop_shadow.h"
 #include "layers/layer_resize.h"
 #include "layers/layer_windows.h"
+#include "layers/plane_roles.h"
 #include "layers/merge_down.h"
 #include "platform/platform.h"
 #include "resources/strings.h"
@@ -82,15 +83,6 @@ int MergeWithLower(Canvas* canvas, int planeIndex) {
   return MergeDown(canvas, planeIndex, mergeTransparency);
 }
 
-// A further plane of the kind the flag says, the flags cleared before.
-int AddFlaggedPlane(Canvas* canvas, int planeIndex, int flag) {
-  const int index = CanvasManager.AddPlane(canvas, planeIndex, flag == kFlagTransparency);
-  if (index < 0) return 0;
-  for (int k = kFlagMask; k <= kFlagTransparency; ++k) canvas->planes[index].planeFlags[k] = 0;
-  canvas->planes[index].planeFlags[flag] = 1;
-  return 1;
-}
-
 int RunItem(Canvas* canvas, int item, int planeIndex) {
   switch (item) {
     case kLayerItemAdd:
@@ -115,9 +107,9 @@ int RunItem(Canvas* canvas, int item, int planeIndex) {
     case kLayerItemMergeDown:
       return MergeWithLower(canvas, planeIndex);
     case kLayerItemAddTransparency:
-      return AddFlaggedPlane(canvas, planeIndex, kFlagTransparency);
+      return MakePlaneOfRole(canvas, planeIndex, PlaneRole::Transparency) >= 0;
     case kLayerItemAddMask:
-      return AddFlaggedPlane(canvas, planeIndex, kFlagMask);
+      return MakePlaneOfRole(canvas, planeIndex, PlaneRole::Mask) >= 0;
     default:
       return 0;
   }

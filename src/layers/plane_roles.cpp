@@ -42,13 +42,18 @@ int RoleOfPlane(const PlaneSlot& slot) {
   return -1;
 }
 
-int AddPlaneOfRole(Canvas* canvas, int index, PlaneRole role) {
+int MakePlaneOfRole(Canvas* canvas, int index, PlaneRole role) {
   const int added = CanvasManager.AddPlane(canvas, index, role == PlaneRole::Transparency ? 1 : 0);
   if (added < 0) return -1;
   PlaneSlot& slot = canvas->planes[added];
   SetKind(slot, role);
   if (role == PlaneRole::LineDrawing) FillPlane(slot.plane, 255);
-  Changed(canvas, added);
+  return added;
+}
+
+int AddPlaneOfRole(Canvas* canvas, int index, PlaneRole role) {
+  const int added = MakePlaneOfRole(canvas, index, role);
+  if (added >= 0) Changed(canvas, added);
   return added;
 }
 

@@ -17,6 +17,8 @@ int RoleOfPlane(const PlaneSlot& slot);
 // A plane in the first free position of the layer of index, its kind flag
 // set after the kind flags are cleared; a line drawing starts white. The
 // new index, or -1 when the layer is full or memory fails.
+int MakePlaneOfRole(Canvas* canvas, int index, PlaneRole role);
+// The same, and the panel and the picture learn of it.
 int AddPlaneOfRole(Canvas* canvas, int index, PlaneRole role);
 
 // Gives the plane at index (above position 0) another kind by its flags
