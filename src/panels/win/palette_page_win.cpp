@@ -304,8 +304,12 @@ void ShowTab(HWND page) {
   InvalidateRect(GetDlgItem(page, IDC_PAL_CELLS), nullptr, FALSE);
 }
 
+// The page numbers' tabs take a common width and the gradient's tab the
+// width of its word, so that all four stand in one row.
 void AddTabs(HWND page) {
+  constexpr int kNumberTabWidth = 30;
   HWND tabs = GetDlgItem(page, IDC_PAL_TABS);
+  SendMessageW(tabs, TCM_SETMINTABWIDTH, 0, kNumberTabWidth);
   for (int tab = 0; tab <= kGradientTab; ++tab) {
     std::wstring label = tab == kGradientTab ? platform::Widen(StringText(kStringGradientTab))
                                              : std::to_wstring(tab + 1);
@@ -315,15 +319,6 @@ void AddTabs(HWND page) {
     SendMessageW(tabs, TCM_INSERTITEMW, WPARAM(tab), reinterpret_cast<LPARAM>(&item));
   }
   SendMessageW(tabs, TCM_SETCURSEL, WPARAM(ShownTab()), 0);
-}
-
-// Four tabs side by side across the page, once it has its width.
-void SizeTabs(HWND page) {
-  HWND tabs = GetDlgItem(page, IDC_PAL_TABS);
-  RECT r;
-  GetClientRect(tabs, &r);
-  SendMessageW(tabs, TCM_SETPADDING, 0, MAKELPARAM(1, 3));  // room for the gradient tab's word
-  SendMessageW(tabs, TCM_SETITEMSIZE, 0, MAKELPARAM((r.right - 4) / (kGradientTab + 1), r.bottom));
 }
 
 // The colour panel stands in the place marked IDC_PAL_COLOR_AREA, which
@@ -380,7 +375,6 @@ HWND CreatePalettePage(HWND parent, const std::string& startFolder) {
   HWND page = CreateDialogW(win32::ProgramInstance(), L"pal_page", parent, PageProc);
   if (!page) return nullptr;
   FitDialogToWidth(page, kPageWidth);
-  SizeTabs(page);
   PlaceColorPanel(page);
   ShowWindow(page, SW_SHOWNA);
   return page;
