@@ -315,3 +315,13 @@ layer_rows() {
     sed -n 's/.* @\(-\{0,1\}[0-9]*\),\(-\{0,1\}[0-9]*\)$/\1 \2/p' | sort -n -k2
 }
 layer_rows_are() { [ "$(layer_rows | wc -l)" -eq "$1" ]; }
+# The layer menu of the strip's Edit button, then the keys that choose
+# its item.
+layer_menu() {
+  local ex ey
+  read -r ex ey _ _ <<<"$(screen_rect '^3 Button#110 "Edit')"
+  point_at $((ex + 10)) $((ey + 8))
+  xdotool click 1
+  sleep 0.5
+  dialog_keys "$@"
+}

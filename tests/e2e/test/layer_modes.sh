@@ -8,15 +8,6 @@ paint_through "$((vx + 40)),$((vy + 40))" "$((vx + 160)),$((vy + 100))"
 show_layer_page
 wait_until 10 layer_rows_are 1
 
-# The layer menu of the strip's Edit button, then the item of its key.
-layer_menu() {
-  local ex ey
-  read -r ex ey _ _ <<<"$(screen_rect '^3 Button#110 "Edit')"
-  point_at $((ex + 10)) $((ey + 8))
-  xdotool click 1
-  sleep 0.5
-  dialog_keys "$1"
-}
 middle_dark() { pixel_is_not $((vx + 100)) $((vy + 70)) "255 255 255"; }
 middle_white() { ! middle_dark; }
 

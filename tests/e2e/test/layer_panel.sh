@@ -8,11 +8,7 @@ open_picture 200 150
 show_layer_page
 wait_until 10 layer_rows_are 1
 
-read -r ex ey _ _ <<<"$(screen_rect '^3 Button#110 "Edit')"
-point_at $((ex + 10)) $((ey + 8))
-xdotool click 1
-sleep 0.5
-dialog_keys Down Down Down Return  # Add..., Delete..., Duplicate
+layer_menu Down Down Down Return  # Add..., Delete..., Duplicate
 wait_until 10 layer_rows_are 2
 document_titles | grep -q '\[LAYER1\]' || fail "the title names another plane: $(document_titles)"
 read -r r0x r0y r1x r1y <<<"$(layer_rows | xargs)"

@@ -8,11 +8,7 @@ paint_through "$((vx + 20)),$((vy + 40))" "$((vx + 120)),$((vy + 40))"
 show_layer_page
 wait_until 10 layer_rows_are 1
 
-read -r ex ey _ _ <<<"$(screen_rect '^3 Button#110 "Edit')"
-point_at $((ex + 10)) $((ey + 8))
-xdotool click 1
-sleep 0.5
-dialog_keys r
+layer_menu r
 wait_for "$(dialog Resize)"
 dialog_keys space Tab
 type_text 50
