@@ -6,7 +6,6 @@
 
 #include "adjust/selection_raster.h"
 #include "document/canvas_rows.h"
-#include "paint/modes/protection.h"
 #include "pixel/hsv.h"
 #include "pixel/mul_table.h"
 

@@ -1,6 +1,6 @@
 // The two steps on the selection raster that the channel copy takes. The
 // selection level takes them over when it lands; reading goes through
-// ReadSelectionBytes (paint/modes/protection.h).
+// ReadSelectionBytes (document/canvas_rows.h).
 #pragma once
 
 #include <cstdint>

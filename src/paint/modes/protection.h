@@ -37,9 +37,6 @@ uint8_t ReadProtectionPixel(Canvas* canvas, int x, int y, int layerBase);
 // each further plane with flag 4, times the inverse of each with flag 5.
 void ReadOpacityRow(Canvas* canvas, int y, int x0, int x1, uint8_t* out, int layerBase);
 
-// The selection for canvas columns x0..x1 of row y: 0 selected, 255 not;
-// zeros where there is no selection raster.
-void ReadSelectionBytes(Canvas* canvas, int y, int x0, int x1, uint8_t* out);
 
 // Ors src into dst, n bytes.
 void OrRow(uint8_t* dst, const uint8_t* src, int n);
