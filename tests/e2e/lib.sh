@@ -300,12 +300,17 @@ not_white_box() {
 
 # The LAYER page of the control panel, chosen by its tab (the second of
 # three that share the strip's width).
+# A click that lands while Wine is still activating the frame can be lost,
+# so it clicks again until the page shows.
 show_layer_page() {
-  local tx ty tw
+  local tx ty tw try
   read -r tx ty tw _ <<<"$(screen_rect '^2 SysTabControl32#')"
-  point_at $((tx + tw / 2)) $((ty + 10))
-  xdotool click 1
-  sleep 0.5
+  for try in 1 2 3; do
+    point_at $((tx + tw / 2)) $((ty + 10))
+    xdotool click 1
+    poll_until 4 has_window 'LayManClass#' && return
+  done
+  fail "the LAYER tab doesn't show its page"
 }
 # The rows of the list that show, one a line as "<x> <y>" on the screen,
 # from the top of the list down.
