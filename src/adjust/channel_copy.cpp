@@ -4,14 +4,13 @@
 #include <cstdint>
 #include <vector>
 
-#include "adjust/selection_raster.h"
+#include "base/command_ids.h"
 #include "document/canvas_rows.h"
+#include "document/selection_rows.h"
 #include "pixel/hsv.h"
 #include "pixel/mul_table.h"
 
 namespace {
-
-constexpr int kBitmapSelection = 20007;
 
 bool IsChannel(int channel) {
   return (channel >= kChannelRed && channel <= kChannelSelection) ||
@@ -64,7 +63,7 @@ uint8_t Mix(unsigned value, unsigned old, unsigned w) {
 }
 
 void ReadRows(Canvas* canvas, int y, int x0, int x1, int origin, int destination, LayerRows& rows) {
-  ReadSelectionBytes(canvas, y, x0, x1, rows.selection.data());
+  ReadSelectionRow(canvas, y, x0, x1, rows.selection.data());
   ReadLayerPlaneRow(canvas, y, x0, x1, rows.image.data(), kImagePosition);
   ReadLayerPlaneRow(canvas, y, x0, x1, rows.mask.data(), kMaskPosition);
   ReadLayerPlaneRow(canvas, y, x0, x1, rows.transparency.data(), kTransparencyPosition);
@@ -113,7 +112,7 @@ void CopyRow(LayerRows& rows, int origin, int destination, bool inverted, bool i
 
 int CopyChannels(Canvas* canvas, int origin, int destination, bool inverted, bool insideOnly) {
   if (!IsChannel(origin) || !IsChannel(destination)) return 0;
-  if (destination == kChannelSelection && !EnsureSelectionPlane(canvas)) return 0;
+  if (destination == kChannelSelection && !EnsurePlane(canvas, 0)) return 0;
   const int active = canvas->activePlane;
   const int width = canvas->planes[active].width;
   const int height = canvas->planes[active].height;
@@ -127,7 +126,7 @@ int CopyChannels(Canvas* canvas, int origin, int destination, bool inverted, boo
     ReadRows(canvas, y, x0, x1, origin, destination, rows);
     CopyRow(rows, origin, destination, inverted, insideOnly);
     if (written < 0) {
-      WriteSelectionBytes(canvas, y, x0, x1, rows.selection.data());
+      WriteSelectionRow(canvas, y, x0, x1, rows.selection.data());
     } else {
       const ChannelBytes to = BytesOf(rows, destination, false);
       const uint8_t* start = written == kImagePosition ? rows.image.data() : to.bytes;
@@ -135,6 +134,6 @@ int CopyChannels(Canvas* canvas, int origin, int destination, bool inverted, boo
     }
   }
   canvas->activePlane = active;
-  if (destination == kChannelSelection) canvas->selectionKind = kBitmapSelection;
+  if (destination == kChannelSelection) canvas->selectionKind = cmd::kSeedFill;
   return 1;
 }

@@ -11,20 +11,12 @@
 
 namespace {
 
-constexpr int kStatusFirstCorner = 6;
-constexpr int kStatusSecondCorner = 7;
-
-// The status bar's corner fields take y in the high and x in the low half.
-intptr_t PackCorner(int x, int y) {
-  return static_cast<intptr_t>((static_cast<uint32_t>(y) << 16) |
-                               (static_cast<uint32_t>(x) & 0xFFFF));
-}
-
 void ShowCorners(const PlaneSlot& slot, int left, int top) {
-  platform::SendToWindow(platform::Window::StatusBar, platform::MsgStatus, kStatusFirstCorner,
-                         PackCorner(left, top));
-  platform::SendToWindow(platform::Window::StatusBar, platform::MsgStatus, kStatusSecondCorner,
-                         PackCorner(left + slot.width - 1, top + slot.height - 1));
+  platform::SendToWindow(platform::Window::StatusBar, platform::MsgStatus,
+                         platform::kStatusFirstCorner, platform::PackCorner(left, top));
+  platform::SendToWindow(platform::Window::StatusBar, platform::MsgStatus,
+                         platform::kStatusSecondCorner,
+                         platform::PackCorner(left + slot.width - 1, top + slot.height - 1));
 }
 
 void NoLayerPicked(Canvas* canvas, int rightButton) {

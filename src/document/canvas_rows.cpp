@@ -158,9 +158,3 @@ void SetLayerRowCaches(Canvas* canvas, bool wide) {
       PlaneStore.NarrowRowCache(plane);
   }
 }
-
-void ReadSelectionBytes(Canvas* canvas, int y, int x0, int x1, uint8_t* out) {
-  if (x1 < x0) return;
-  std::memset(out, 0, static_cast<size_t>(static_cast<unsigned>(x1 - x0)) + 1);
-  if (canvas->selectionPlane) ReadPlaneSpan(canvas->selectionPlane, y, x0, x1, out);
-}

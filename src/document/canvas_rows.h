@@ -39,11 +39,6 @@ inline int WritePlaneSpan(Plane* plane, int y, int x0, int x1, const uint8_t* in
 // Zeros over `count` bytes of each of n rows laid so.
 void ClearRows(uint8_t* out, int n, size_t count, int stride);
 
-// The selection for canvas columns x0..x1 of row y: 0 selected, 255 not;
-// zeros where there is no selection raster. The outside-coverage that the
-// painting and the layer operations respect.
-void ReadSelectionBytes(Canvas* canvas, int y, int x0, int x1, uint8_t* out);
-
 // A slot's plane read with canvas coordinates.
 int ReadSlotRows(const PlaneSlot& slot, int y0, int n, int x0, int x1, uint8_t* out, int stride);
 inline int ReadSlotSpan(const PlaneSlot& slot, int y, int x0, int x1, uint8_t* out) {

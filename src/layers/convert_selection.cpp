@@ -6,7 +6,7 @@
 #include "document/canvas_manager.h"
 #include "document/canvas_rows.h"
 #include "document/canvas_slots.h"
-#include "layers/selection_rows.h"
+#include "document/selection_rows.h"
 #include "pixel/mul_table.h"
 
 namespace {
@@ -32,7 +32,7 @@ void CopyBox(Canvas* canvas, const PlaneSlot* from, PlaneSlot* to, const Rect& b
     std::memset(cover.data(), from[kTransparencyPosition].plane ? 0 : 255, cover.size());
     if (from[kTransparencyPosition].plane)
       PlaneStore.ReadRow(from[kTransparencyPosition].plane, y - from[0].top, x0, x1, cover.data());
-    ReadSelectionBytes(canvas, y, box.left, box.right, outside.data());
+    ReadSelectionRow(canvas, y, box.left, box.right, outside.data());
     for (int k = 0; k < width; ++k) cover[k] = Mul255(255 - outside[k], cover[k]);
     PlaneStore.WriteRow(newCover, y - box.top, 0, width - 1, cover.data());
   }

@@ -7,7 +7,7 @@
 #include "document/canvas_rows.h"
 #include "document/undo_history.h"
 #include "layers/block_compose.h"
-#include "layers/selection_rows.h"
+#include "document/selection_rows.h"
 
 namespace {
 
@@ -38,8 +38,8 @@ void SwapRows(Canvas* canvas, const PlaneSlot& image, Plane* plane, const Rect& 
   PlaneStore.ReadRow(plane, a, box.left, box.right, rows[0].data());
   PlaneStore.ReadRow(plane, b, box.left, box.right, rows[1].data());
   const int x0 = box.left + image.left, x1 = box.right + image.left;
-  ReadSelectionBytes(canvas, a + image.top, x0, x1, rows[2].data());
-  ReadSelectionBytes(canvas, b + image.top, x0, x1, rows[3].data());
+  ReadSelectionRow(canvas, a + image.top, x0, x1, rows[2].data());
+  ReadSelectionRow(canvas, b + image.top, x0, x1, rows[3].data());
   for (int k = 0; k < box.Width(); ++k)
     Trade(&rows[0][bpp * k], &rows[1][bpp * k], bpp, rows[2][k] == 0, rows[3][k] == 0);
   PlaneStore.WriteRow(plane, a, box.left, box.right, rows[0].data());
@@ -51,8 +51,8 @@ void MirrorRow(Canvas* canvas, const PlaneSlot& image, Plane* plane, const Rect&
                std::vector<uint8_t> rows[4]) {
   const int bpp = static_cast<int>(plane->bytesPerPixel);
   PlaneStore.ReadRow(plane, y, box.left, box.right, rows[0].data());
-  ReadSelectionBytes(canvas, y + image.top, box.left + image.left, box.right + image.left,
-                          rows[2].data());
+  ReadSelectionRow(canvas, y + image.top, box.left + image.left, box.right + image.left,
+                   rows[2].data());
   for (int l = 0, r = box.Width() - 1; l < r; ++l, --r)
     Trade(&rows[0][bpp * l], &rows[0][bpp * r], bpp, rows[2][l] == 0, rows[2][r] == 0);
   PlaneStore.WriteRow(plane, y, box.left, box.right, rows[0].data());

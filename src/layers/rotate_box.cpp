@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "document/undo_history.h"
-#include "layers/selection_rows.h"
+#include "document/selection_rows.h"
 #include "settings/settings.h"
 #include "store/plane_ops.h"
 #include "store/rotate_plane.h"

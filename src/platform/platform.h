@@ -57,6 +57,24 @@ enum : uint32_t {
   MsgPartsBoxRefresh = 1039,
 };
 
+// The codes (wParam) of MsgStatus. The corners come in lParam as x in the
+// low 16 bits and y in the high ones; for the texts lParam is a const char*.
+enum : int {
+  kStatusClear = 0,
+  kStatusProgress = 3,  // lParam: percent
+  kStatusReading = 4,
+  kStatusSaving = 5,
+  kStatusFirstCorner = 6,
+  kStatusSecondCorner = 7,
+  kStatusProgressAlt = 8,
+  kStatusText = 14,
+  kStatusRestingText = 15,
+};
+inline intptr_t PackCorner(int x, int y) {
+  return static_cast<intptr_t>((static_cast<uint32_t>(y) << 16) |
+                               (static_cast<uint32_t>(x) & 0xFFFF));
+}
+
 // Shows a message box; returns the button pressed (IdOk, IdYes, ...).
 int ShowMessageBox(Window owner, const std::string& text, const std::string& caption,
                    unsigned style);

@@ -4,6 +4,7 @@
 #include "file/install.h"
 #include "layers/install.h"
 #include "paint/install.h"
+#include "selection/install.h"
 #include "shell/file_commands.h"
 #include "shell/layer_commands.h"
 #include "shell/right_click_keys.h"
@@ -21,6 +22,7 @@ void InstallShell(const std::string& tempFolder) {
 void InstallSubsystems(const std::string& programFolder, const std::string& tempFolder) {
   InstallLayers();
   InstallPaint();
+  InstallSelection();
   InstallAdjust();
   InstallFile(programFolder);
   InstallShell(tempFolder);

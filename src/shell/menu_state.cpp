@@ -4,10 +4,9 @@
 
 #include "settings/settings.h"
 #include "base/command_ids.h"
+#include "document/selection_rows.h"
 
 namespace {
-
-constexpr int kShapelessSelection = 100;  // after Invert, Fatten, Slim, Blur
 
 int KindOf(const Canvas* canvas) { return canvas ? canvas->selectionKind : 0; }
 

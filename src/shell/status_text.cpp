@@ -38,19 +38,26 @@ const char* TextOf(intptr_t lParam) {
 int ApplyStatusMessage(StatusBarState& state, intptr_t wParam, intptr_t lParam) {
   const int percent = static_cast<int>(lParam);
   switch (wParam) {
-    case kStatusClear: return Show(state, {});
-    case kStatusProgress:
-    case kStatusProgressAlt: return Show(state, FormatString(kStringProcessing, percent));
-    case kStatusReading: return Show(state, FormatString(kStringReading, percent));
-    case kStatusSaving: return Show(state, FormatString(kStringSaving, percent));
-    case kStatusFirstCorner:
+    case platform::kStatusClear:
+      return Show(state, {});
+    case platform::kStatusProgress:
+    case platform::kStatusProgressAlt:
+      return Show(state, FormatString(kStringProcessing, percent));
+    case platform::kStatusReading:
+      return Show(state, FormatString(kStringReading, percent));
+    case platform::kStatusSaving:
+      return Show(state, FormatString(kStringSaving, percent));
+    case platform::kStatusFirstCorner:
       state.heldX = XOf(lParam);
       state.heldY = YOf(lParam);
       return 0;
-    case kStatusSecondCorner:
+    case platform::kStatusSecondCorner:
       return Show(state, CornersText(state.heldX, state.heldY, XOf(lParam), YOf(lParam)));
-    case kStatusText: return Show(state, TextOf(lParam));
-    case kStatusRestingText: state.resting = TextOf(lParam); return Show(state, state.resting);
+    case platform::kStatusText:
+      return Show(state, TextOf(lParam));
+    case platform::kStatusRestingText:
+      state.resting = TextOf(lParam);
+      return Show(state, state.resting);
     default: return 0;
   }
 }

@@ -6,22 +6,12 @@
 #include <cstdint>
 #include <string>
 
+#include "platform/platform.h"
+
 struct StatusBarState {
   std::string shown;
   std::string resting;       // the text of code 15
   int heldX = 0, heldY = 0;  // the first corner of a drag (code 6)
-};
-
-enum : int {
-  kStatusClear = 0,
-  kStatusProgress = 3,
-  kStatusReading = 4,
-  kStatusSaving = 5,
-  kStatusFirstCorner = 6,
-  kStatusSecondCorner = 7,
-  kStatusProgressAlt = 8,
-  kStatusText = 14,
-  kStatusRestingText = 15,
 };
 
 // 1 when the shown text changed.

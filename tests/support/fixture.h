@@ -20,6 +20,7 @@
 #include "paint/reset.h"
 #include "panels/reset.h"
 #include "pixel/reset.h"
+#include "selection/reset.h"
 #include "platform/headless/headless.h"
 #include "settings/reset.h"
 #include "settings/settings.h"
@@ -48,6 +49,7 @@ class TeselTest : public ::testing::Test {
     ResetDisplay();
     ResetLayers();
     ResetPaint();
+    ResetSelection();
     ResetAdjust();
     ResetFile();
     ResetPanels();

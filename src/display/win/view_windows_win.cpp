@@ -16,8 +16,6 @@
 
 namespace {
 
-constexpr intptr_t kStatusText = 14;  // message 1024: lParam is the text to show
-
 HWND Hwnd(WindowHandle window) { return static_cast<HWND>(window); }
 
 PointerState Pointer(Canvas* canvas) {
@@ -70,7 +68,7 @@ void ResendDocumentSize(Canvas* canvas) {
 }
 
 void ShowPosition(const std::string& text) {
-  platform::SendToWindow(platform::Window::StatusBar, platform::MsgStatus, kStatusText,
+  platform::SendToWindow(platform::Window::StatusBar, platform::MsgStatus, platform::kStatusText,
                          reinterpret_cast<intptr_t>(text.c_str()));
 }
 

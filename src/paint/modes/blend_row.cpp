@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "document/selection_rows.h"
 #include "paint/modes/blend_target.h"
 #include "paint/modes/pen_modes.h"
 #include "paint/modes/pen_rows.h"
@@ -87,7 +88,7 @@ void BlendRow(Canvas* canvas, const uint8_t* sourceRow, const uint8_t* tipHighRo
   if (addProtection) {
     if (target.image) ReadProtectionRow(canvas, y, x0, x1, protectRow, ActiveLayerBase(canvas));
     if (protection.maskOutsideSelection) {
-      ReadSelectionBytes(canvas, y, x0, x1, selectionRow);
+      ReadSelectionRow(canvas, y, x0, x1, selectionRow);
       OrRow(protectRow, selectionRow, count);
     }
   }

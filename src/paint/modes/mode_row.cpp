@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <cstring>
 
+#include "document/selection_rows.h"
 #include "paint/modes/color_mask.h"
 #include "paint/modes/mode_kernels.h"
 #include "paint/modes/pen_modes.h"
@@ -67,7 +68,7 @@ void PlaneProtection(Canvas* canvas, uint8_t* out, int y0, int n, int x0, int x1
     ClearRows(out, n, size_t(count), stride);
   if (!protection.fillInProgress && !protection.maskOutsideSelection) return;
   for (int i = 0; i < n; ++i) {
-    ReadSelectionBytes(canvas, y0 + i, x0, x1, selectionProtection);
+    ReadSelectionRow(canvas, y0 + i, x0, x1, selectionProtection);
     OrRow(out + size_t(i) * stride, selectionProtection, count);
   }
 }

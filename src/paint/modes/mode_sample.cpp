@@ -4,6 +4,7 @@
 #include <cstdlib>
 #include <cstring>
 
+#include "document/selection_rows.h"
 #include "paint/modes/mode_kernels.h"
 #include "paint/modes/pen_modes.h"
 #include "paint/modes/protection.h"
@@ -65,7 +66,7 @@ int Blur2Kernel(Canvas* canvas, const ModeRows& rows, const RowSpan& span, const
     else
       std::memset(excluded, 0, size_t(n));
     if (protection.maskOutsideSelection) {
-      ReadSelectionBytes(canvas, y, x0, x1, readRows[2].ok);
+      ReadSelectionRow(canvas, y, x0, x1, readRows[2].ok);
       OrRow(excluded, readRows[2].ok, n);
     }
     ReadImageRow(canvas, y, x0, x1, read.color);

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstring>
 
+#include "document/selection_rows.h"
 #include "paint/modes/pen_rows.h"
 #include "pixel/mul_table.h"
 
@@ -127,7 +128,7 @@ void ReadPenPiece(Canvas* canvas, int y, int x0, int x1, uint8_t* color24, uint8
     refuse();
   }
   if (protection.maskOutsideSelection) {
-    ReadSelectionBytes(canvas, y, x0, x1, refusalRow);
+    ReadSelectionRow(canvas, y, x0, x1, refusalRow);
     refuse();
   }
 

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "adjust/win/adjust_windows_win.h"
+#include "selection/win/selection_windows_win.h"
 #include "base/command_ids.h"
 #include "display/win/view_windows_win.h"
 #include "layers/win/layer_resize_win.h"
@@ -76,6 +77,7 @@ bool OnFrameCreate(HWND frame, const CREATESTRUCTW* create) {
   InstallColorMixer(startFolder);
   InstallStrokeWindows();
   InstallAdjustWindows();
+  InstallSelectionWindows();
   InstallFileWindows();
   InstallLayerWindows();
   // The settings are read by now.

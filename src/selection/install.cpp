@@ -1,0 +1,3 @@
+#include "selection/install.h"
+
+void InstallSelection() {}

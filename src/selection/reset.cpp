@@ -1,0 +1,15 @@
+#include "selection/reset.h"
+
+#include "selection/draft.h"
+#include "selection/draft_engine.h"
+#include "selection/selection_windows.h"
+#include "selection/shape_tool.h"
+
+void ResetSelection() {
+  selectionWindows = {};
+  Draft = {};
+  ClearPath();
+  ClearShapeTools();
+  historyHooks.Clear();
+  draftAllowsHooks.Clear();
+}

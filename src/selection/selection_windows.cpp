@@ -1,0 +1,3 @@
+#include "selection/selection_windows.h"
+
+SelectionWindows selectionWindows;

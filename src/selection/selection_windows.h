@@ -1,0 +1,63 @@
+// What the selection's portable logic needs from the windows. The Win32
+// side (selection/win/) fills `selectionWindows` when the frame is made;
+// tests fill it with recorders and scripts. A member left empty means the
+// window side can't do that, and the step that needs it is left out.
+//
+// Every outline is drawn straight on the canvas view by a raster
+// operation that undoes itself when drawn twice, so erasing needs no
+// saved pixels. Positions are in view pixels of displayWnd.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "base/rect.h"
+#include "document/canvas.h"
+
+// An event of a click tool's own message loop (polygon, connect line,
+// wire): the loop answers only these and drops everything else.
+struct ClickEvent {
+  enum Type { Move, LeftDown, RightUp, Backspace } type;
+};
+
+// A pop-up menu's item as shown: its id and whether it can be chosen.
+struct MenuItemState {
+  int id;
+  bool enabled;
+};
+
+enum class OutlinePen { Dotted, Current };
+
+struct SelectionWindows {
+  // A line from (x0, y0) to (x1, y1), inverted: dotted, width 0, or in the
+  // view's current pen.
+  std::function<void(Canvas*, OutlinePen, int x0, int y0, int x1, int y1)> invertLine;
+  // The frame of a rectangle, inverted with the current pen.
+  std::function<void(Canvas*, const Rect& box)> invertBox;
+  // The ellipse inside a rectangle, inverted with the current pen.
+  std::function<void(Canvas*, const Rect& bounds)> invertArc;
+  // A coloured line or frame, width 1, drawn so that a second drawing
+  // removes it (colour as 0x00BBGGRR).
+  std::function<void(Canvas*, int x0, int y0, int x1, int y1, uint32_t colour)> colouredLine;
+  std::function<void(Canvas*, const Rect& box, uint32_t colour)> colouredBox;
+  // Text of size 12 with its top left at (x, y), drawn so that a second
+  // drawing removes it.
+  std::function<void(Canvas*, int x, int y, const std::string& text)> invertText;
+
+  // The resource cursor of that name ("posmove", "move", "posmove2",
+  // "cross"); an empty name puts back the cursor that was saved.
+  std::function<void(const std::string& name)> showCursor;
+  // The menu resource of that name at the pointer, items set as given:
+  // the id chosen, 0 for none.
+  std::function<int(Canvas*, const std::string& menu, const std::vector<MenuItemState>& items)>
+      popupMenu;
+  // Waits for the next event of a click tool's loop.
+  std::function<ClickEvent(Canvas*)> nextClickEvent;
+  // The number dialog: a title, a range and the value shown, written back
+  // on OK; 1 for OK.
+  std::function<int(const std::string& title, int low, int high, int* value)> numberDialog;
+};
+
+extern SelectionWindows selectionWindows;

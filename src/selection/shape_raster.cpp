@@ -1,0 +1,103 @@
+#include "selection/shape_raster.h"
+
+#include <algorithm>
+#include <climits>
+#include <cstdint>
+#include <vector>
+
+#include "document/selection_rows.h"
+
+namespace {
+
+// Zeros over columns x0..x1 of row y, clipped to the raster.
+void ZeroSpan(Canvas* canvas, int y, int x0, int x1) {
+  x0 = std::max(x0, 0);
+  x1 = std::min(x1, canvas->canvasWidth - 1);
+  if (y < 0 || y >= canvas->canvasHeight || x1 < x0) return;
+  static std::vector<uint8_t> zeros;
+  if (zeros.size() < static_cast<size_t>(x1 - x0 + 1)) zeros.resize(x1 - x0 + 1, 0);
+  WriteSelectionRow(canvas, y, x0, x1, zeros.data());
+}
+
+}  // namespace
+
+void RasterizeBox(Canvas* canvas, const Rect& box) {
+  FillPlane(canvas, 1);
+  for (int y = box.top; y <= box.bottom; ++y) ZeroSpan(canvas, y, box.left, box.right);
+}
+
+void RasterizeEllipse(Canvas* canvas, const Rect& box) {
+  const int w = box.right - box.left + 1, h = box.bottom - box.top + 1;
+  const int cx = (box.left + box.right) / 2, cy = (box.top + box.bottom) / 2;
+  const int R = std::max(w, h) & ~1, r = R / 2;
+  FillPlane(canvas, 1);
+  int x = 0, y = r, e = 2 - R;
+  for (;;) {
+    if (w > h) {
+      const int dy = y * h / std::max(w, 1);
+      ZeroSpan(canvas, cy + dy, cx - x, cx + x);
+      ZeroSpan(canvas, cy - dy, cx - x, cx + x);
+    } else {
+      const int dx = x * w / std::max(h, 1);
+      ZeroSpan(canvas, cy + y, cx - dx, cx + dx);
+      ZeroSpan(canvas, cy - y, cx - dx, cx + dx);
+    }
+    if (y <= 0) break;
+    if (e < 0 && (e + y) * 2 - 1 < 1) {
+      ++x;
+      e += 2 * x + 1;
+    } else if (e > 0 && (e - x) * 2 - 1 >= 1) {
+      e += 3 - 2 * y;
+      --y;
+    } else {
+      ++x;
+      --y;
+      e += 2 * (x - y) + 2;
+    }
+  }
+}
+
+void RasterizePolygon(Canvas* canvas, int count) {
+  FillPlane(canvas, 1);
+  count = std::min(count, kMaxDraftPoints);
+  if (count < 3) return;
+  struct Edge {
+    int lowY, highY;
+    float slope, intercept;
+  };
+  std::vector<Edge> edges;
+  int minX = INT_MAX, minY = INT_MAX, maxX = INT_MIN, maxY = INT_MIN;
+  for (int i = 0; i < count; ++i) {
+    const int x = static_cast<int>(canvas->draftPoints[i][0]);
+    const int y = static_cast<int>(canvas->draftPoints[i][1]);
+    minX = std::min(minX, x), maxX = std::max(maxX, x);
+    minY = std::min(minY, y), maxY = std::max(maxY, y);
+    if (i == 0) continue;
+    const int x0 = static_cast<int>(canvas->draftPoints[i - 1][0]);
+    const int y0 = static_cast<int>(canvas->draftPoints[i - 1][1]);
+    // A horizontal edge keeps no crossing.
+    if (y == y0) continue;
+    const float slope = static_cast<float>(x - x0) / static_cast<float>(y - y0);
+    const float intercept = static_cast<float>(x0) - static_cast<float>(y0) * slope;
+    edges.push_back({std::min(y0, y), std::max(y0, y), slope, intercept});
+  }
+  std::vector<int> crossings;
+  // Rows off the raster would write nothing.
+  const int first = std::max(minY, 0), last = std::min(maxY, canvas->canvasHeight - 1);
+  for (int y = first; y <= last; ++y) {
+    crossings.clear();
+    for (const Edge& edge : edges) {
+      // The last row also takes the edges that reach it, so the bottom
+      // edge belongs to the area.
+      if ((edge.lowY <= y && edge.highY > y) || (y == maxY && edge.highY == maxY)) {
+        const float x = edge.slope * static_cast<float>(y) + edge.intercept;
+        crossings.push_back(static_cast<int>(x));
+      }
+    }
+    // Even-odd: the pairs in ascending order.
+    std::sort(crossings.begin(), crossings.end());
+    for (size_t k = 0; k + 1 < crossings.size(); k += 2)
+      ZeroSpan(canvas, y, crossings[k], crossings[k + 1]);
+  }
+  canvas->selLeft = minX, canvas->selTop = minY, canvas->selRight = maxX, canvas->selBottom = maxY;
+}
