@@ -6,12 +6,12 @@
 # (--benchmark_filter=...).
 set -euo pipefail
 cd "$(dirname "$0")/.."
-scripts/install-deps.sh python3 libpng-dev
+scripts/install-deps.sh python3 libpng-dev libopencv-dev
 cmake -S . -B build -DCMAKE_BUILD_TYPE=RelWithDebInfo >/dev/null
-cmake --build build -j "$(nproc)" --target store_bench compose_bench redraw_bench resize_bench dab_bench file_bench
+cmake --build build -j "$(nproc)" --target store_bench compose_bench redraw_bench resize_bench dab_bench file_bench seed_fill_bench
 out=$(mktemp -d)
 trap 'rm -rf "$out"' EXIT
-for bench in store_bench compose_bench redraw_bench resize_bench dab_bench file_bench; do
+for bench in store_bench compose_bench redraw_bench resize_bench dab_bench file_bench seed_fill_bench; do
   echo "== $bench" >&2
   build/bench/$bench --benchmark_format=json --benchmark_out="$out/$bench.json" "$@" >/dev/null
 done

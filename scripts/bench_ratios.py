@@ -1,7 +1,7 @@
 """Prints each benchmark beside each peer measured in the same run, and the
 ratio of their times (below 1: Tesel is faster).
 
-A peer is a benchmark whose name starts with Pixman, Memcpy, MyPaint or Png, or
+A peer is a benchmark whose name starts with Pixman, Memcpy, MyPaint, Png or OpenCv, or
 ends with /memcpy. Ours is compared with the peers of its own file that
 measure the same case: a name ending in /memcpy is the baseline of the names
 it prefixes; the others share the last argument (tiling, size, zoom).
@@ -9,7 +9,7 @@ it prefixes; the others share the last argument (tiling, size, zoom).
 import json
 import sys
 
-PEER_PREFIXES = ("Pixman", "Memcpy", "MyPaint", "Png")
+PEER_PREFIXES = ("Pixman", "Memcpy", "MyPaint", "Png", "OpenCv")
 
 
 def is_peer(name):

@@ -66,6 +66,7 @@ void LeftButtonDown(Canvas* canvas, const PointerPress& press) {
   if (press.shift && PenMode() == kPenModeClone)
     return CallIfSet(pointerRoutes.setCloneSource, canvas);
   if (pointerRoutes.colourAdjustPick && pointerRoutes.colourAdjustPick(canvas, 0)) return;
+  if (pointerRoutes.detectSelectionPick && pointerRoutes.detectSelectionPick(canvas, 0)) return;
   if (Claims(pointerRoutes.loopeClick, canvas)) return;
   if (Claims(pointerRoutes.layerResizeClick, canvas)) return;
   if (press.ctrl) return PickLayer(canvas, 0, press.shift);
@@ -87,6 +88,7 @@ void LeftButtonDown(Canvas* canvas, const PointerPress& press) {
 void RightButtonDown(Canvas* canvas, const PointerPress& press) {
   pressHooks.Run(canvas);
   if (pointerRoutes.colourAdjustPick && pointerRoutes.colourAdjustPick(canvas, 1)) return;
+  if (pointerRoutes.detectSelectionPick && pointerRoutes.detectSelectionPick(canvas, 1)) return;
   if (press.ctrl) return PickLayer(canvas, 1, press.shift);
   if (press.space) return ZoomDrag(canvas, press.screenX);
   switch (ToolRouteOf(press.tool)) {

@@ -50,6 +50,7 @@ struct PointerRoutes {
   std::function<void(Canvas*)> setCloneSource;
   // Claims tried before the tool, each 1 when it took the press.
   std::function<int(Canvas*, int rightButton)> colourAdjustPick;  // a colour-adjust window is open
+  std::function<int(Canvas*, int rightButton)> detectSelectionPick;  // Detect Selection is open
   std::function<int(Canvas*)> loopeClick;                         // the Loope window is open
   std::function<int(Canvas*)> layerResizeClick;                   // a layer resize by drag is open
   std::function<int(Canvas*)> layerResizeMove;

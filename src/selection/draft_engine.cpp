@@ -7,6 +7,7 @@
 #include "display/view_windows.h"
 #include "document/selection_rows.h"
 #include "selection/draft.h"
+#include "selection/seed_fill.h"
 #include "selection/shape_raster.h"
 #include "selection/shape_tool.h"
 
@@ -68,9 +69,11 @@ void CommitShape(Canvas* canvas, int addToHistory, int repaint) {
       else
         BoxOfNodes(canvas);
       break;
+    case cmd::kSeedFill:
+      SeedFillAtPointer(canvas);
+      break;
     // The open kinds select everything as far as the raster goes: only
     // Line reads them.
-    case cmd::kSeedFill:
     case cmd::kSelectionLine:
     case cmd::kConnectLine:
     case cmd::kSplineCurve:

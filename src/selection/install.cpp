@@ -1,3 +1,5 @@
 #include "selection/install.h"
 
-void InstallSelection() {}
+#include "selection/detection_install.h"
+
+void InstallSelection() { InstallDetection(); }

@@ -1,6 +1,7 @@
 #include "selection/reset.h"
 
 #include "selection/draft.h"
+#include "selection/detection_install.h"
 #include "selection/draft_engine.h"
 #include "selection/selection_windows.h"
 #include "selection/shape_tool.h"
@@ -12,4 +13,5 @@ void ResetSelection() {
   ClearShapeTools();
   historyHooks.Clear();
   draftAllowsHooks.Clear();
+  ResetDetection();
 }

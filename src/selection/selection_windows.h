@@ -46,6 +46,17 @@ struct SelectionWindows {
   // drawing removes it.
   std::function<void(Canvas*, int x, int y, const std::string& text)> invertText;
 
+  // tsl_selext, Detect Selection, modeless: opens and returns its window,
+  // null when it can't; the dialog calls detect_selection.h as the user
+  // works. Closing takes it away without asking anything.
+  std::function<WindowHandle(Canvas*)> openDetectDialog;
+  std::function<void()> closeDetectDialog;
+  // A bar shows pickTable again at one column, or (bar -1) all bars and
+  // their captions.
+  std::function<void(int bar, int column)> redrawPickBar;
+  // The dialog down to its bars while a sampling lasts, then back.
+  std::function<void(bool toBars)> shrinkDetectDialog;
+
   // The resource cursor of that name ("posmove", "move", "posmove2",
   // "cross"); an empty name puts back the cursor that was saved.
   std::function<void(const std::string& name)> showCursor;

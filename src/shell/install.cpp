@@ -4,7 +4,9 @@
 #include "file/install.h"
 #include "layers/install.h"
 #include "paint/install.h"
+#include "selection/detect_selection.h"
 #include "selection/install.h"
+#include "shell/documents.h"
 #include "shell/file_commands.h"
 #include "shell/layer_commands.h"
 #include "shell/right_click_keys.h"
@@ -17,6 +19,7 @@ void InstallShell(const std::string& tempFolder) {
   InstallLayerCommands();
   InstallSmoothZoomTool(tempFolder);
   InstallRightClickKeys();
+  documentReleaseHooks.Add(DetectSelectionCanvasGoing);
 }
 
 void InstallSubsystems(const std::string& programFolder, const std::string& tempFolder) {

@@ -330,3 +330,16 @@ layer_menu() {
   sleep 0.5
   dialog_keys "$@"
 }
+
+# A shot of one top-level window by its title (a dialog shows black in a
+# shot of the whole screen), kept as <name>.png; `pixel` then reads it at
+# points relative to the window's frame, which stands at wx, wy.
+grab_window() {
+  local id
+  id=$(xdotool search --name "^$1\$" | head -1)
+  [ -n "$id" ] || fail "no window \"$1\" to photograph"
+  xwd -id "$id" -silent >"$SHOT.xwd"
+  convert "$SHOT.xwd" -write "png:$OUT/$2.png" -depth 8 "rgb:$SHOT.rgb"
+  SHOT_WIDTH=$(identify -format %w "$OUT/$2.png")
+  eval "$(xdotool getwindowgeometry --shell "$id" | sed -n 's/^\([XY]\)=/w\L\1=/p')"
+}

@@ -1,0 +1,38 @@
+// Where the seed fill takes its colours from, and what a pixel reads as:
+// three values per pixel, which the fill compares channel by channel.
+#pragma once
+
+#include <cstdint>
+#include <vector>
+
+#include "document/canvas.h"
+
+// The settings panel's choices of the source (seedLayer) and the
+// tolerance; kept for the run, not in the settings file.
+constexpr int kSeedAsViewed = -2;
+constexpr int kSeedCurrent = -1;
+extern int32_t seedTolerance;  // per channel, the limit included; 20
+extern int32_t seedLayer;      // kSeedCurrent, kSeedAsViewed or a layer; kSeedCurrent
+extern int32_t seedPlane;      // the plane within seedLayer; -1
+
+// What an empty pixel (transparency 0) reads as in the Current mode: far
+// from black by more than any sensible tolerance, and equal to its kind.
+constexpr int kEmptySeedValue = -100;
+
+struct SeedSource {
+  enum Kind { AsViewed, Current, Plane } kind;
+  const PlaneSlot* slot;          // the plane read, unless AsViewed
+  const PlaneSlot* transparency;  // Current: position 2 of the layer, null without one
+};
+
+// By the settings: the picture as shown, the active plane with its
+// layer's transparency, or plane seedLayer x 8 + seedPlane (one further
+// for 2) without it, the active plane when there is no such plane.
+SeedSource ChooseSeedSource(Canvas* canvas);
+
+// The values of columns 0 .. width - 1 of canvas row y, three a pixel, in
+// values (resized to fit). A layer's image is red, green, blue, 0 outside
+// it; an 8-bit plane gives its value three times. In the Current mode each
+// is multiplied by the transparency T as T / 255, truncating, and T = 0
+// gives kEmptySeedValue. 0 when the picture can't be composed.
+int ReadSeedRow(Canvas* canvas, const SeedSource& source, int y, std::vector<int32_t>& values);
