@@ -6,7 +6,7 @@
 # (--benchmark_filter=...).
 set -euo pipefail
 cd "$(dirname "$0")/.."
-scripts/install-deps.sh python3 libpng-dev libopencv-dev
+scripts/install-deps.sh python3 libpng-dev libopencv-imgproc-dev
 cmake -S . -B build -DCMAKE_BUILD_TYPE=RelWithDebInfo >/dev/null
 cmake --build build -j "$(nproc)" --target store_bench compose_bench redraw_bench resize_bench dab_bench file_bench seed_fill_bench
 out=$(mktemp -d)

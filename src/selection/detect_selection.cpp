@@ -17,6 +17,7 @@
 #include "pixel/hsv_pixel.h"
 #include "resources/strings.h"
 #include "selection/draft_engine.h"
+#include "selection/pick_rows.h"
 #include "selection/selection_windows.h"
 #include "store/dib.h"
 
@@ -54,32 +55,6 @@ inline void Channels(const uint8_t* bgr, int* c) {
     c[0] = hsv.h, c[1] = hsv.s, c[2] = hsv.v;
   } else {
     c[0] = bgr[2], c[1] = bgr[1], c[2] = bgr[0];
-  }
-}
-
-// One row of blue-green-red pixels to output values: hit or miss by the
-// table and the condition. A run of one colour is tested once.
-void PickRow(const uint8_t* bgr, int count, uint8_t hit, uint8_t miss, uint8_t* out) {
-  const uint8_t flip = pickCondition ? 1 : 0;
-  const uint8_t* t0 = pickTable[0];
-  const uint8_t* t1 = pickTable[1];
-  const uint8_t* t2 = pickTable[2];
-  if (!pickIsHsv) {
-    for (int x = 0; x < count; ++x, bgr += 3)
-      out[x] = ((t0[bgr[2]] & t1[bgr[1]] & t2[bgr[0]]) ^ flip) ? hit : miss;
-    return;
-  }
-  uint32_t last = 0xFFFFFFFF;
-  uint8_t value = 0;
-  for (int x = 0; x < count; ++x, bgr += 3) {
-    const uint32_t colour = uint32_t(bgr[0]) | uint32_t(bgr[1]) << 8 | uint32_t(bgr[2]) << 16;
-    if (colour != last) {
-      last = colour;
-      int c[3];
-      Channels(bgr, c);
-      value = ((t0[c[0]] & t1[c[1]] & t2[c[2]]) ^ flip) ? hit : miss;
-    }
-    out[x] = value;
   }
 }
 
@@ -187,11 +162,13 @@ int ExecutePick() {
     canvas->selBottom = canvas->canvasHeight - 1;
   }
   const uint8_t hit = pickTarget == 0 ? 0 : 255, miss = pickTarget == 0 ? 255 : 0;
+  PickRows pick(hit, miss);
   std::vector<uint8_t> pixels(size_t(std::max(lw, 0)) * 3), out(size_t(std::max(lw, 0)));
   DibTile* band = nullptr;
   int bandTop = 0;
   for (int y = 0; y < lh; ++y) {
     if (y % kProgressEvery == 0) ShowProgress(100 * y / lh);
+    const uint8_t* row = pixels.data();
     if (pickDisplayed) {
       if (!band || y - bandTop >= kComposeBand) {
         FreeTile(&band);
@@ -201,9 +178,11 @@ int ExecutePick() {
       }
       if (band) ReadTileRow(band, y - bandTop, 0, lw - 1, pixels.data());
     } else {
-      ReadPlaneSpan(image.plane, y, 0, lw - 1, pixels.data());
+      // The layer's own row is read where it is stored.
+      const RowAccess stored = PlaneStore.AccessRow(image.plane, y, 0, lw - 1, 0);
+      if (stored.bytes) row = stored.bytes;
     }
-    PickRow(pixels.data(), lw, hit, miss, out.data());
+    pick.Row(row, lw, out.data());
     if (pickTarget == 0)
       WriteSelectionRow(canvas, ly + y, lx, lx + lw - 1, out.data());
     else

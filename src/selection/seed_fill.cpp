@@ -1,7 +1,7 @@
 #include "selection/seed_fill.h"
 
 #include <algorithm>
-#include <cstdlib>
+#include <cstring>
 #include <memory>
 #include <new>
 #include <vector>
@@ -30,17 +30,19 @@ struct SeedPoint {
 
 class FillArea {
  public:
-  FillArea(Canvas* canvas, const SeedSource& source, const int32_t start[3])
+  FillArea(Canvas* canvas, const SeedSource& source, const SeedValues& start)
       : canvas_(canvas),
         source_(source),
         width_(canvas->canvasWidth),
-        start_{start[0], start[1], start[2]} {}
+        matcher_(new (std::nothrow) SeedMatcher(start, seedTolerance)),
+        bgr_(size_t(width_) * 3),
+        coverage_(size_t(width_)) {}
 
   bool Allocate() {
     const size_t pixels = size_t(width_) * size_t(canvas_->canvasHeight);
     state_.reset(new (std::nothrow) uint8_t[pixels]);
     ready_.reset(new (std::nothrow) uint8_t[size_t(canvas_->canvasHeight)]());
-    return state_ && ready_;
+    return matcher_ && state_ && ready_;
   }
 
   // The row's bytes, its matches worked out on the first call.
@@ -48,15 +50,10 @@ class FillArea {
     uint8_t* row = state_.get() + size_t(y) * size_t(width_);
     if (!ready_[y]) {
       ready_[y] = 1;
-      if (!ReadSeedRow(canvas_, source_, y, values_)) values_.assign(size_t(width_) * 3, 0);
-      const int32_t tolerance = seedTolerance;
-      const int32_t* v = values_.data();
-      for (int x = 0; x < width_; ++x, v += 3) {
-        const bool near = std::abs(v[0] - start_[0]) <= tolerance &&
-                          std::abs(v[1] - start_[1]) <= tolerance &&
-                          std::abs(v[2] - start_[2]) <= tolerance;
-        row[x] = near ? kMatches : 0;
-      }
+      if (ReadSeedRow(canvas_, source_, y, bgr_.data(), coverage_.data()))
+        matcher_->MatchRow(bgr_.data(), coverage_.data(), width_, row);
+      else
+        std::memset(row, 0, size_t(width_));
     }
     return row;
   }
@@ -69,12 +66,33 @@ class FillArea {
   Canvas* canvas_;
   SeedSource source_;
   int width_;
-  int32_t start_[3];
+  std::unique_ptr<SeedMatcher> matcher_;
   std::unique_ptr<uint8_t[]> state_, ready_;
-  std::vector<int32_t> values_;
+  std::vector<uint8_t> bgr_, coverage_;
 };
 
 inline bool Open(uint8_t pixel) { return pixel == kMatches; }  // matches, not visited
+
+// Eight pixels at a time, where a large area makes no decisions: a run
+// goes on, or a row beside it stays as it was.
+constexpr uint64_t kEightOpen = 0x0101010101010101ull;
+inline uint64_t Eight(const uint8_t* pixels) {
+  uint64_t word;
+  std::memcpy(&word, pixels, sizeof word);
+  return word;
+}
+// No byte of the word is kMatches: (w ^ kEightOpen) has no zero byte.
+inline bool NoneOpen(uint64_t word) {
+  const uint64_t v = word ^ kEightOpen;
+  return ((v - kEightOpen) & ~v & 0x8080808080808080ull) == 0;
+}
+// Eight pixels of a row beside the run from x on leave its flag as it
+// stands, and push nothing.
+inline bool Steady(const uint8_t* row, int x, bool runOpen) {
+  if (!row) return true;
+  const uint64_t word = Eight(row + x);
+  return runOpen ? word == kEightOpen : NoneOpen(word);
+}
 
 // The span fill: marks the pixels it reaches and answers their extent.
 Rect SpanFill(FillArea& area, int width, int height, SeedPoint seed) {
@@ -104,14 +122,22 @@ Rect SpanFill(FillArea& area, int width, int height, SeedPoint seed) {
     if (overflow || platform::KeyDown(kVkEscape)) break;
     uint8_t* above = y > 0 ? area.Row(y - 1) : nullptr;
     uint8_t* below = y + 1 < height ? area.Row(y + 1) : nullptr;
-    bool aboveOpen = false, belowOpen = false;
     const int first = x;
-    for (; x < width && Open(row[x]); ++x) {
-      row[x] |= kVisited;
+    int end = x;
+    while (end + 8 <= width && Eight(row + end) == kEightOpen) end += 8;
+    while (end < width && Open(row[end])) ++end;
+    std::memset(row + first, kMatches | kVisited, size_t(end - first));
+    bool aboveOpen = false, belowOpen = false;
+    while (x < end) {
+      if (x + 8 <= end && Steady(above, x, aboveOpen) && Steady(below, x, belowOpen)) {
+        x += 8;
+        continue;
+      }
       if (above) look(above, x, y - 1, aboveOpen);
       if (below) look(below, x, y + 1, belowOpen);
+      ++x;
     }
-    if (x > first) extent = Union(extent, Rect{first, y, x - 1, y});
+    if (end > first) extent = Union(extent, Rect{first, y, end - 1, y});
     if (stack.empty()) break;
     seed = stack.back();
     stack.pop_back();
@@ -119,21 +145,33 @@ Rect SpanFill(FillArea& area, int width, int height, SeedPoint seed) {
   return extent;
 }
 
+// Where a byte of eight pixels' state is visited, 0x00 in the mask; else
+// 0xFF. The visited bit times 255 carries into no other byte.
+inline uint64_t UnvisitedMask(uint64_t state) { return ~(((state >> 1) & kEightOpen) * 0xFF); }
+
 // The marked pixels into the raster: 0; the rest of the extent 255 unless
 // adding, when it keeps its values.
 void WriteMarks(Canvas* canvas, const FillArea& area, const Rect& extent, bool adding) {
-  std::vector<uint8_t> out(size_t(extent.right - extent.left + 1));
+  const size_t count = size_t(extent.right - extent.left + 1);
+  std::vector<uint8_t> row(count);
+  uint8_t* out = row.data();
   for (int y = extent.top; y <= extent.bottom; ++y) {
-    const uint8_t* row = area.VisitedRow(y);
-    if (adding) ReadSelectionRow(canvas, y, extent.left, extent.right, out.data());
-    for (int x = extent.left; x <= extent.right; ++x) {
-      uint8_t& value = out[size_t(x - extent.left)];
-      if (row && (row[x] & kVisited))
-        value = 0;
-      else if (!adding)
-        value = 255;
+    const uint8_t* marks = area.VisitedRow(y);
+    if (adding)
+      ReadSelectionRow(canvas, y, extent.left, extent.right, out);
+    else
+      std::memset(out, 255, count);
+    if (marks) {
+      marks += extent.left;
+      size_t k = 0;
+      for (; k + 8 <= count; k += 8) {
+        const uint64_t kept = Eight(out + k) & UnvisitedMask(Eight(marks + k));
+        std::memcpy(out + k, &kept, sizeof kept);
+      }
+      for (; k < count; ++k)
+        if (marks[k] & kVisited) out[k] = 0;
     }
-    WriteSelectionRow(canvas, y, extent.left, extent.right, out.data());
+    WriteSelectionRow(canvas, y, extent.left, extent.right, out);
   }
 }
 
@@ -145,9 +183,10 @@ int SeedFill(Canvas* canvas, int x, int y, bool adding) {
   x = std::clamp(x, 0, width - 1);
   y = std::clamp(y, 0, height - 1);
   const SeedSource source = ChooseSeedSource(canvas);
-  std::vector<int32_t> values;
-  if (!ReadSeedRow(canvas, source, y, values)) return 0;
-  FillArea area(canvas, source, &values[size_t(x) * 3]);
+  std::vector<uint8_t> bgr(size_t(width) * 3);
+  std::vector<uint8_t> coverage(static_cast<size_t>(width));
+  if (!ReadSeedRow(canvas, source, y, bgr.data(), coverage.data())) return 0;
+  FillArea area(canvas, source, SeedValuesOf(&bgr[size_t(x) * 3], coverage[size_t(x)]));
   if (!area.Allocate()) return 0;
 
   const std::string cancel = StringText(kStringPushEscToCancel);

@@ -1,6 +1,7 @@
 #include "selection/seed_source.h"
 
-#include <algorithm>
+#include <cstdlib>
+#include <cstring>
 
 #include "display/compose.h"
 #include "document/canvas_rows.h"
@@ -38,42 +39,46 @@ SeedSource ChooseSeedSource(Canvas* canvas) {
   return {SeedSource::Plane, named ? named : active, nullptr};
 }
 
-int ReadSeedRow(Canvas* canvas, const SeedSource& source, int y, std::vector<int32_t>& values) {
+int ReadSeedRow(Canvas* canvas, const SeedSource& source, int y, uint8_t* bgr, uint8_t* coverage) {
   const int width = canvas->canvasWidth;
-  values.resize(size_t(width) * 3);
-  static std::vector<uint8_t> bytes, coverage;
-  bytes.assign(size_t(width) * 3, 0);
+  std::memset(bgr, 0, size_t(width) * 3);
+  std::memset(coverage, source.kind == SeedSource::Current && source.transparency ? 0 : 255,
+              size_t(width));
   if (source.kind == SeedSource::AsViewed) {
     DibTile* tile = Compose(canvas, 0, y, width - 1, y, 0, 0);
     if (!tile) return 0;
-    ReadTileRow(tile, 0, 0, width - 1, bytes.data());
+    ReadTileRow(tile, 0, 0, width - 1, bgr);
     FreeTile(&tile);
-  } else if (source.slot->bits == 24) {
-    ReadSlotSpan(*source.slot, y, 0, width - 1, bytes.data());
-  } else {
-    ReadSlotSpan(*source.slot, y, 0, width - 1, bytes.data());
-    // One value in all three, spread from the back so nothing is read twice.
-    for (int x = width - 1; x >= 0; --x)
-      bytes[3 * x] = bytes[3 * x + 1] = bytes[3 * x + 2] = bytes[x];
-  }
-  // Rows run blue, green, red; the values red, green, blue.
-  int32_t* out = values.data();
-  const uint8_t* in = bytes.data();
-  if (source.kind != SeedSource::Current || !source.transparency) {
-    for (int x = 0; x < width; ++x) {
-      out[3 * x] = in[3 * x + 2];
-      out[3 * x + 1] = in[3 * x + 1];
-      out[3 * x + 2] = in[3 * x];
-    }
     return 1;
   }
-  coverage.assign(size_t(width), 0);
-  ReadSlotSpan(*source.transparency, y, 0, width - 1, coverage.data());
-  for (int x = 0; x < width; ++x) {
-    const int32_t t = coverage[x];
-    out[3 * x] = t ? ScaleByTransparency(in[3 * x + 2], t) : kEmptySeedValue;
-    out[3 * x + 1] = t ? ScaleByTransparency(in[3 * x + 1], t) : kEmptySeedValue;
-    out[3 * x + 2] = t ? ScaleByTransparency(in[3 * x], t) : kEmptySeedValue;
-  }
+  ReadSlotSpan(*source.slot, y, 0, width - 1, bgr);
+  // One value in all three, spread from the back so nothing is read twice.
+  if (source.slot->bits == 8)
+    for (int x = width - 1; x >= 0; --x) bgr[3 * x] = bgr[3 * x + 1] = bgr[3 * x + 2] = bgr[x];
+  if (source.kind == SeedSource::Current && source.transparency)
+    ReadSlotSpan(*source.transparency, y, 0, width - 1, coverage);
   return 1;
+}
+
+SeedValues SeedValuesOf(const uint8_t* bgr, uint8_t coverage) {
+  if (coverage == 0) return {kEmptySeedValue, kEmptySeedValue, kEmptySeedValue};
+  return {ScaleByTransparency(bgr[2], coverage), ScaleByTransparency(bgr[1], coverage),
+          ScaleByTransparency(bgr[0], coverage)};
+}
+
+SeedMatcher::SeedMatcher(const SeedValues& start, int32_t tolerance) {
+  const int32_t starts[3] = {start.blue, start.green, start.red};
+  for (int channel = 0; channel < 3; ++channel)
+    for (int t = 0; t < 256; ++t)
+      for (int c = 0; c < 256; ++c) {
+        const int32_t value = t == 0 ? kEmptySeedValue : ScaleByTransparency(c, t);
+        near_[channel][t][c] = std::abs(value - starts[channel]) <= tolerance ? 1 : 0;
+      }
+}
+
+void SeedMatcher::MatchRow(const uint8_t* bgr, const uint8_t* coverage, int n, uint8_t* out) const {
+  for (int x = 0; x < n; ++x, bgr += 3) {
+    const uint8_t t = coverage[x];
+    out[x] = near_[0][t][bgr[0]] & near_[1][t][bgr[1]] & near_[2][t][bgr[2]];
+  }
 }

@@ -30,9 +30,28 @@ struct SeedSource {
 // for 2) without it, the active plane when there is no such plane.
 SeedSource ChooseSeedSource(Canvas* canvas);
 
-// The values of columns 0 .. width - 1 of canvas row y, three a pixel, in
-// values (resized to fit). A layer's image is red, green, blue, 0 outside
-// it; an 8-bit plane gives its value three times. In the Current mode each
-// is multiplied by the transparency T as T / 255, truncating, and T = 0
-// gives kEmptySeedValue. 0 when the picture can't be composed.
-int ReadSeedRow(Canvas* canvas, const SeedSource& source, int y, std::vector<int32_t>& values);
+// Columns 0 .. width - 1 of canvas row y: blue, green, red (an 8-bit
+// plane gives its value three times, 0 outside the layer) and the
+// transparency T that scales them, 255 where none applies. 0 when the
+// picture can't be composed.
+int ReadSeedRow(Canvas* canvas, const SeedSource& source, int y, uint8_t* bgr, uint8_t* coverage);
+
+// What a pixel reads as: each channel c as c x T / 255, truncating, and
+// T = 0 as kEmptySeedValue in all three.
+struct SeedValues {
+  int32_t red, green, blue;
+};
+SeedValues SeedValuesOf(const uint8_t* bgr, uint8_t coverage);
+
+// Whether a pixel lies within the tolerance of the start in all three
+// values, looked up by T and each channel's byte.
+class SeedMatcher {
+ public:
+  SeedMatcher(const SeedValues& start, int32_t tolerance);
+  // n pixels to 1 (matches) or 0.
+  void MatchRow(const uint8_t* bgr, const uint8_t* coverage, int n, uint8_t* out) const;
+
+ private:
+  // near_[channel][T][byte], channels blue, green, red as the rows run.
+  uint8_t near_[3][256][256];
+};
