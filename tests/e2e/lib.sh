@@ -343,3 +343,22 @@ grab_window() {
   SHOT_WIDTH=$(identify -format %w "$OUT/$2.png")
   eval "$(xdotool getwindowgeometry --shell "$id" | sed -n 's/^\([XY]\)=/w\L\1=/p')"
 }
+
+# The pen red, from the top left corner of the PALETTE page's hue box (hue
+# 0 at full saturation; the black pen's value 0 becomes full there). The
+# page is the first behind the control panel's tabs: a click on the strip
+# gives it the keys, which go to the first tab.
+HUE_BOX='^[0-9] tsPickArea#100 '
+red_pen() {
+  local tx ty hx hy
+  read -r tx ty _ _ <<<"$(screen_rect '^2 SysTabControl32#0 ')"
+  if [ -n "${tx:-}" ]; then
+    xdotool mousemove $((tx + 20)) $((ty + 10)) click 1
+    sleep 0.3
+    dialog_keys Left Left Left
+  fi
+  wait_for "$HUE_BOX"
+  read -r hx hy _ _ <<<"$(screen_rect "$HUE_BOX")"
+  xdotool mousemove "$hx" "$hy" click 1
+  sleep 0.3
+}

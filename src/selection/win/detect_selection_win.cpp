@@ -1,5 +1,7 @@
 #include "selection/win/detect_selection_win.h"
 
+#include <algorithm>
+#include <cwchar>
 #include <string>
 
 #include "platform/win32/win32_platform.h"
@@ -46,6 +48,21 @@ void Place(int id, int x, int y, int width, int height) {
   MoveWindow(GetDlgItem(dialog, id), x, y, width, height, FALSE);
 }
 
+// How wide a control's text is in the dialog's font.
+int TextWidth(int id) {
+  HWND control = GetDlgItem(dialog, id);
+  wchar_t text[64] = {};
+  GetWindowTextW(control, text, 64);
+  win32::WindowDc dc(control);
+  if (!dc.get()) return 0;
+  HGDIOBJ old =
+      SelectObject(dc.get(), reinterpret_cast<HFONT>(SendMessageW(control, WM_GETFONT, 0, 0)));
+  SIZE size{};
+  GetTextExtentPoint32W(dc.get(), text, static_cast<int>(wcslen(text)), &size);
+  SelectObject(dc.get(), old);
+  return size.cx;
+}
+
 // The dialog's outer size for a client area of the given height.
 void SizeClient(int height) {
   RECT r{0, 0, kClientWidth, height};
@@ -66,13 +83,19 @@ void Layout() {
     Place(labels[line], kMargin, y + 4, kLabelWidth, kLineHeight - 4);
     Place(combos[line], kComboLeft, y, kClientWidth - kMargin - kComboLeft, 200);
   }
-  const int third = (kClientWidth - 2 * kMargin - 2 * kButtonGap) / 3;
-  const int rows[][3] = {{IDC_SELEXT_INITIALIZE, IDC_SELEXT_REVERSE, IDC_SELEXT_DISPLAYED},
-                         {IDC_SELEXT_EXECUTE, IDOK, IDCANCEL}};
-  for (int row = 0; row < 2; ++row)
-    for (int k = 0; k < 3; ++k)
-      Place(rows[row][k], kMargin + k * (third + kButtonGap), row ? kBottomRow : kButtonRow, third,
-            kButtonHeight);
+  const int inner = kClientWidth - 2 * kMargin - 2 * kButtonGap;
+  const int third = inner / 3;
+  const int bottom[] = {IDC_SELEXT_EXECUTE, IDOK, IDCANCEL};
+  for (int k = 0; k < 3; ++k)
+    Place(bottom[k], kMargin + k * (third + kButtonGap), kBottomRow, third, kButtonHeight);
+  // "by Displayed Colors" takes the width of its words; the other two
+  // share the rest.
+  const int displayed = std::min(TextWidth(IDC_SELEXT_DISPLAYED) + 16, inner - 2 * 40);
+  const int half = (inner - displayed) / 2;
+  Place(IDC_SELEXT_INITIALIZE, kMargin, kButtonRow, half, kButtonHeight);
+  Place(IDC_SELEXT_REVERSE, kMargin + half + kButtonGap, kButtonRow, half, kButtonHeight);
+  Place(IDC_SELEXT_DISPLAYED, kClientWidth - kMargin - displayed, kButtonRow, displayed,
+        kButtonHeight);
   Place(IDC_SELEXT_SAMPLING, 0, 0, 0, 0);
   SizeClient(kClientHeight);
 }

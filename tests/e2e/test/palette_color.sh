@@ -3,22 +3,8 @@
 # popup opens the colour mixer on the pen's colour, and Cancel closes it.
 . "$(dirname "$0")/../lib.sh"
 
-HUE_BOX='^[0-9] tsPickArea#100 '
 open_picture 200 150
-# Behind the control panel's tabs the PALETTE page is the first: a click
-# on the strip gives it the keys, which go to the first tab.
-read -r tx ty _ _ <<<"$(screen_rect '^2 SysTabControl32#0 ')"
-if [ -n "${tx:-}" ]; then
-  xdotool mousemove $((tx + 20)) $((ty + 10)) click 1
-  sleep 0.3
-  dialog_keys Left Left Left
-fi
-wait_for "$HUE_BOX"
-read -r hx hy _ _ <<<"$(screen_rect "$HUE_BOX")"
-# The top left corner is hue 0 at full saturation; the black pen's value 0
-# becomes full there.
-xdotool mousemove "$hx" "$hy" click 1
-sleep 0.3
+red_pen
 paint_through "$((vx + 40)),$((vy + 50))" "$((vx + 160)),$((vy + 50))" "$((vx + 160)),$((vy + 110))"
 xdotool mousemove 5 5
 shot
