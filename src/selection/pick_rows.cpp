@@ -1,5 +1,6 @@
 #include "selection/pick_rows.h"
 
+#include <cstring>
 #include <new>
 
 #include "pixel/hsv_pixel.h"
@@ -18,11 +19,8 @@ PickRows::PickRows(uint8_t hit, uint8_t miss)
     known_.reset(new (std::nothrow) uint8_t[kColours / 4]());
     return;
   }
-  blueGreen_.reset(new (std::nothrow) uint8_t[65536]);
-  if (!blueGreen_) return;
-  for (int g = 0; g < 256; ++g)
-    for (int b = 0; b < 256; ++b)
-      blueGreen_[size_t(b | g << 8)] = pickTable[2][b] & pickTable[1][g];
+  for (int channel = 0; channel < 3; ++channel)
+    std::memcpy(rgb_.member[channel], pickTable[2 - channel], 256);
 }
 
 bool PickRows::Passes(const uint8_t* bgr) const {
@@ -37,13 +35,7 @@ bool PickRows::Passes(const uint8_t* bgr) const {
 void PickRows::Row(const uint8_t* bgr, int count, uint8_t* out) {
   // Held here: the output bytes could alias the members.
   const uint8_t hit = hit_, miss = miss_, flip = flip_;
-  if (!hsv_ && blueGreen_) {
-    const uint8_t* red = pickTable[0];
-    const uint8_t* blueGreen = blueGreen_.get();
-    for (int x = 0; x < count; ++x, bgr += 3)
-      out[x] = ((blueGreen[bgr[0] | bgr[1] << 8] & red[bgr[2]]) ^ flip) ? hit : miss;
-    return;
-  }
+  if (!hsv_) return MatchChannelSets(rgb_, bgr, count, flip ? miss : hit, flip ? hit : miss, out);
   if (!known_) {
     for (int x = 0; x < count; ++x, bgr += 3) out[x] = Passes(bgr) ? hit : miss;
     return;

@@ -1,11 +1,13 @@
 // Detect Selection's test of each pixel, a row at a time: whether its
 // three channels are all picked in pickTable, turned round by "Other
-// than". In RGB a table by blue and green and one by red answer; in HSV
-// each colour is converted once and its answer kept for the run.
+// than". In RGB the channels' sets answer; in HSV each colour is
+// converted once and its answer kept for the run.
 #pragma once
 
 #include <cstdint>
 #include <memory>
+
+#include "selection/channel_sets.h"
 
 class PickRows {
  public:
@@ -19,7 +21,7 @@ class PickRows {
 
   uint8_t hit_, miss_, flip_;
   bool hsv_;
-  std::unique_ptr<uint8_t[]> blueGreen_;  // 65536: blue's and green's picks, by b | g << 8
+  ChannelSets rgb_;  // pickTable's rows in the order of the bytes
   // HSV: two bits a colour, 0 not known yet, 1 miss, 2 hit; null when
   // there was no memory for it, and every pixel is converted.
   std::unique_ptr<uint8_t[]> known_;

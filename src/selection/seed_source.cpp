@@ -1,5 +1,6 @@
 #include "selection/seed_source.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <cstring>
 
@@ -72,13 +73,16 @@ SeedMatcher::SeedMatcher(const SeedValues& start, int32_t tolerance) {
     for (int t = 0; t < 256; ++t)
       for (int c = 0; c < 256; ++c) {
         const int32_t value = t == 0 ? kEmptySeedValue : ScaleByTransparency(c, t);
-        near_[channel][t][c] = std::abs(value - starts[channel]) <= tolerance ? 1 : 0;
+        near_[t].member[channel][c] = std::abs(value - starts[channel]) <= tolerance ? 1 : 0;
       }
 }
 
 void SeedMatcher::MatchRow(const uint8_t* bgr, const uint8_t* coverage, int n, uint8_t* out) const {
+  // A row of one transparency (an opaque layer, or none) is one test.
+  if (n > 0 && std::all_of(coverage, coverage + n, [&](uint8_t t) { return t == coverage[0]; }))
+    return MatchChannelSets(near_[coverage[0]], bgr, n, 1, 0, out);
   for (int x = 0; x < n; ++x, bgr += 3) {
-    const uint8_t t = coverage[x];
-    out[x] = near_[0][t][bgr[0]] & near_[1][t][bgr[1]] & near_[2][t][bgr[2]];
+    const ChannelSets& sets = near_[coverage[x]];
+    out[x] = sets.member[0][bgr[0]] & sets.member[1][bgr[1]] & sets.member[2][bgr[2]];
   }
 }

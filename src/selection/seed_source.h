@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "document/canvas.h"
+#include "selection/channel_sets.h"
 
 // The settings panel's choices of the source (seedLayer) and the
 // tolerance; kept for the run, not in the settings file.
@@ -52,6 +53,6 @@ class SeedMatcher {
   void MatchRow(const uint8_t* bgr, const uint8_t* coverage, int n, uint8_t* out) const;
 
  private:
-  // near_[channel][T][byte], channels blue, green, red as the rows run.
-  uint8_t near_[3][256][256];
+  // By T, the bytes of each channel that lie near the start.
+  ChannelSets near_[256];
 };
