@@ -149,20 +149,20 @@ Rect SpanFill(FillArea& area, int width, int height, SeedPoint seed) {
 // 0xFF. The visited bit times 255 carries into no other byte.
 inline uint64_t UnvisitedMask(uint64_t state) { return ~(((state >> 1) & kEightOpen) * 0xFF); }
 
-// The marked pixels into the raster: 0; the rest of the extent 255 unless
-// adding, when it keeps its values.
-void WriteMarks(Canvas* canvas, const FillArea& area, const Rect& extent, bool adding) {
-  const size_t count = size_t(extent.right - extent.left + 1);
+// The marked pixels of the rectangle into the raster: 0; the rest 255
+// unless adding, when it keeps its values.
+void WriteMarks(Canvas* canvas, const FillArea& area, const Rect& box, bool adding) {
+  const size_t count = size_t(box.right - box.left + 1);
   std::vector<uint8_t> row(count);
   uint8_t* out = row.data();
-  for (int y = extent.top; y <= extent.bottom; ++y) {
+  for (int y = box.top; y <= box.bottom; ++y) {
     const uint8_t* marks = area.VisitedRow(y);
     if (adding)
-      ReadSelectionRow(canvas, y, extent.left, extent.right, out);
+      ReadSelectionRow(canvas, y, box.left, box.right, out);
     else
       std::memset(out, 255, count);
     if (marks) {
-      marks += extent.left;
+      marks += box.left;
       size_t k = 0;
       for (; k + 8 <= count; k += 8) {
         const uint64_t kept = Eight(out + k) & UnvisitedMask(Eight(marks + k));
@@ -171,7 +171,7 @@ void WriteMarks(Canvas* canvas, const FillArea& area, const Rect& extent, bool a
       for (; k < count; ++k)
         if (marks[k] & kVisited) out[k] = 0;
     }
-    WriteSelectionRow(canvas, y, extent.left, extent.right, out);
+    WriteSelectionRow(canvas, y, box.left, box.right, out);
   }
 }
 
@@ -197,9 +197,10 @@ int SeedFill(Canvas* canvas, int x, int y, bool adding) {
                          0);
 
   EnsurePlane(canvas, 0);
-  if (!adding) FillPlane(canvas, 1);
-  if (!extent.Empty()) WriteMarks(canvas, area, extent, adding);
-  const Rect box = adding ? Rect{0, 0, width - 1, height - 1} : extent;
+  // Not adding, every row is written whole, 255 but for the marks.
+  const Rect whole{0, 0, width - 1, height - 1};
+  if (!adding || !extent.Empty()) WriteMarks(canvas, area, adding ? extent : whole, adding);
+  const Rect box = adding ? whole : extent;
   canvas->selLeft = box.left, canvas->selTop = box.top;
   canvas->selRight = box.right, canvas->selBottom = box.bottom;
   return 1;

@@ -1,6 +1,5 @@
 #include "selection/seed_source.h"
 
-#include <algorithm>
 #include <cstdlib>
 #include <cstring>
 
@@ -24,6 +23,12 @@ const PlaneSlot* NamedPlane(Canvas* canvas) {
   return slot.plane ? &slot : nullptr;
 }
 
+// The slot's plane covers columns 0 .. width - 1 of canvas row y.
+bool Spans(const PlaneSlot& slot, int y, int width) {
+  return slot.left <= 0 && slot.left + slot.width >= width && y >= slot.top &&
+         y < slot.top + slot.height;
+}
+
 // x * t / 255, truncating, for x and t of 0..255.
 int32_t ScaleByTransparency(int32_t x, int32_t t) { return x * t / 255; }
 
@@ -42,9 +47,13 @@ SeedSource ChooseSeedSource(Canvas* canvas) {
 
 int ReadSeedRow(Canvas* canvas, const SeedSource& source, int y, uint8_t* bgr, uint8_t* coverage) {
   const int width = canvas->canvasWidth;
-  std::memset(bgr, 0, size_t(width) * 3);
-  std::memset(coverage, source.kind == SeedSource::Current && source.transparency ? 0 : 255,
-              size_t(width));
+  const bool scaled = source.kind == SeedSource::Current && source.transparency;
+  // What the slot doesn't cover reads as 0.
+  if (source.kind == SeedSource::AsViewed || !Spans(*source.slot, y, width)) {
+    std::memset(bgr, 0, size_t(width) * 3);
+    if (scaled) std::memset(coverage, 0, size_t(width));
+  }
+  if (!scaled) std::memset(coverage, 255, size_t(width));
   if (source.kind == SeedSource::AsViewed) {
     DibTile* tile = Compose(canvas, 0, y, width - 1, y, 0, 0);
     if (!tile) return 0;
@@ -79,7 +88,8 @@ SeedMatcher::SeedMatcher(const SeedValues& start, int32_t tolerance) {
 
 void SeedMatcher::MatchRow(const uint8_t* bgr, const uint8_t* coverage, int n, uint8_t* out) const {
   // A row of one transparency (an opaque layer, or none) is one test.
-  if (n > 0 && std::all_of(coverage, coverage + n, [&](uint8_t t) { return t == coverage[0]; }))
+  // All bytes are alike when the row equals itself moved by one.
+  if (n > 0 && std::memcmp(coverage, coverage + 1, size_t(n - 1)) == 0)
     return MatchChannelSets(near_[coverage[0]], bgr, n, 1, 0, out);
   for (int x = 0; x < n; ++x, bgr += 3) {
     const ChannelSets& sets = near_[coverage[x]];

@@ -112,12 +112,14 @@ SlowResult SlowFill(Canvas* canvas, int sx, int sy) {
 
 class SeedFillTest : public TeselTest {
  protected:
-  // A base layer and a smaller layer above it, offset, made active; both
-  // of random colours from a few, with a little noise, and the upper one's
-  // transparency partly 0.
-  Canvas* RandomPicture(std::mt19937& random, int w, int h) {
+  // A base layer and a smaller layer above it, offset (one that starts
+  // left of the canvas and ends short of its right edge, or one inside),
+  // made active; both of random colours from a few, with a little noise,
+  // and the upper one's transparency partly 0.
+  Canvas* RandomPicture(std::mt19937& random, int w, int h, bool leftOut) {
     Canvas* canvas = MakeBlank(w, h);
-    const int upper = CanvasManager.AddLayer(canvas, 5, -3, w - 9, h - 2);
+    const int upper = leftOut ? CanvasManager.AddLayer(canvas, -2, -3, w, h - 2)
+                              : CanvasManager.AddLayer(canvas, 5, -3, w - 9, h - 2);
     const uint8_t levels[] = {0, 40, 90, 200, 255};
     auto colour = [&] { return uint8_t(levels[random() % 5] + random() % 7); };
     for (int index : {0, upper}) {
@@ -144,7 +146,7 @@ class SeedFillTest : public TeselTest {
 TEST_F(SeedFillTest, MatchesTheSlowFillOnRandomPicturesInEveryMode) {
   std::mt19937 random(7);
   for (int round = 0; round < 48; ++round) {
-    Canvas* canvas = RandomPicture(random, 41 + round, 30);
+    Canvas* canvas = RandomPicture(random, 41 + round, 30, round % 2);
     seedTolerance = std::array{0, 6, 20, 70}[round % 4];
     seedLayer = std::array{kSeedCurrent, kSeedAsViewed, 0, 1}[round / 4 % 4];
     seedPlane = std::array{0, 2, 1}[round % 3];
