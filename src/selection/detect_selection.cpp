@@ -14,7 +14,6 @@
 #include "document/undo_history.h"
 #include "layers/block_compose.h"
 #include "pixel/hsv.h"
-#include "pixel/hsv_pixel.h"
 #include "resources/strings.h"
 #include "selection/draft_engine.h"
 #include "selection/pick_rows.h"
@@ -46,16 +45,6 @@ uint32_t ColourRef(int r, int g, int b) {
 
 void RedrawBars() {
   if (selectionWindows.redrawPickBar) selectionWindows.redrawPickBar(-1, -1);
-}
-
-// The channels of a red, green, blue pixel as the bars count them.
-inline void Channels(const uint8_t* bgr, int* c) {
-  if (pickIsHsv) {
-    const Hsv hsv = hsv_detail::ToHsv(bgr[2], bgr[1], bgr[0], hsv_detail::kHueByteOf359);
-    c[0] = hsv.h, c[1] = hsv.s, c[2] = hsv.v;
-  } else {
-    c[0] = bgr[2], c[1] = bgr[1], c[2] = bgr[0];
-  }
 }
 
 void Repaint(Canvas* canvas) {
@@ -228,7 +217,7 @@ int SampleForDetectSelection(Canvas* canvas, int rightButton) {
                      std::clamp(at.y, 0, canvas->canvasHeight - 1), bgr))
       continue;
     int c[3];
-    Channels(bgr, c);
+    PickChannels(bgr, pickIsHsv != 0, c);
     for (int bar = 0; bar < kPickBars; ++bar) PickColumn(bar, c[bar], !rightButton);
   } while (viewWindows.buttonHeld(button));
   if (selectionWindows.showCursor) selectionWindows.showCursor("");

@@ -23,13 +23,19 @@ PickRows::PickRows(uint8_t hit, uint8_t miss)
     std::memcpy(rgb_.member[channel], pickTable[2 - channel], 256);
 }
 
-bool PickRows::Passes(const uint8_t* bgr) const {
-  int c0 = bgr[2], c1 = bgr[1], c2 = bgr[0];
-  if (hsv_) {
-    const Hsv hsv = hsv_detail::ToHsv(bgr[2], bgr[1], bgr[0], hsv_detail::kHueByteOf359);
-    c0 = hsv.h, c1 = hsv.s, c2 = hsv.v;
+void PickChannels(const uint8_t* bgr, bool hsv, int* channels) {
+  if (!hsv) {
+    channels[0] = bgr[2], channels[1] = bgr[1], channels[2] = bgr[0];
+    return;
   }
-  return ((pickTable[0][c0] & pickTable[1][c1] & pickTable[2][c2]) ^ flip_) != 0;
+  const Hsv converted = hsv_detail::ToHsv(bgr[2], bgr[1], bgr[0], hsv_detail::kHueByteOf359);
+  channels[0] = converted.h, channels[1] = converted.s, channels[2] = converted.v;
+}
+
+bool PickRows::Passes(const uint8_t* bgr) const {
+  int c[3];
+  PickChannels(bgr, hsv_, c);
+  return ((pickTable[0][c[0]] & pickTable[1][c[1]] & pickTable[2][c[2]]) ^ flip_) != 0;
 }
 
 void PickRows::Row(const uint8_t* bgr, int count, uint8_t* out) {

@@ -9,6 +9,10 @@
 
 #include "selection/channel_sets.h"
 
+// The channels of a blue-green-red pixel as the bars count them: red,
+// green, blue, or with hsv hue (a byte), saturation, value.
+void PickChannels(const uint8_t* bgr, bool hsv, int* channels);
+
 class PickRows {
  public:
   // From pickTable, pickIsHsv and pickCondition as they stand; a pixel
