@@ -1,5 +1,7 @@
 #include "selection/gesture.h"
 
+#include <algorithm>
+
 #include "display/rulers.h"
 #include "display/view_scroll.h"
 #include "display/view_windows.h"
@@ -10,6 +12,8 @@ namespace {
 
 constexpr int kVkQ = 'Q';
 constexpr int kVkMenu = 0x5D;  // the application key
+
+std::string shownCursor;
 
 }  // namespace
 
@@ -30,6 +34,19 @@ void ShowCorners(const Rect& box) {
                          platform::PackCorner(box.right, box.bottom));
 }
 
+CanvasPoint ClampToCanvas(const Canvas* canvas, CanvasPoint at) {
+  return {std::clamp(at.x, 0, std::max(canvas->canvasWidth - 1, 0)),
+          std::clamp(at.y, 0, std::max(canvas->canvasHeight - 1, 0))};
+}
+
+void ShowToolCursor(const std::string& name) {
+  if (name == shownCursor) return;
+  shownCursor = name;
+  if (selectionWindows.showCursor) selectionWindows.showCursor(name);
+}
+
+void ResetToolCursor() { shownCursor.clear(); }
+
 void DragLoop(Canvas* canvas, CanvasPoint grabOffset, const std::function<void()>& outline,
               const std::function<void(CanvasPoint at)>& update) {
   CanvasPoint last{};
@@ -46,5 +63,5 @@ void DragLoop(Canvas* canvas, CanvasPoint grabOffset, const std::function<void()
     ScrollAtEdge(canvas);
     outline();
   }
-  if (selectionWindows.showCursor) selectionWindows.showCursor("");
+  ShowToolCursor("");
 }

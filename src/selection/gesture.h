@@ -3,6 +3,7 @@
 #pragma once
 
 #include <functional>
+#include <string>
 
 #include "base/rect.h"
 #include "display/grid.h"
@@ -16,6 +17,13 @@ bool SecondaryHeld();
 bool ShiftHeld();
 // The status bar's two corners.
 void ShowCorners(const Rect& box);
+// A position held to the canvas's pixels.
+CanvasPoint ClampToCanvas(const Canvas* canvas, CanvasPoint at);
+// The resource cursor of that name over the view, loaded only when it
+// differs from the one shown; an empty name puts back the saved one.
+void ShowToolCursor(const std::string& name);
+// Forgets which cursor shows.
+void ResetToolCursor();
 
 // While the left button is down: each time the pointer (canvas pixels,
 // grid snap with the grab offset) reaches another pixel, the outline is

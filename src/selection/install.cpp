@@ -1,5 +1,15 @@
 #include "selection/install.h"
 
 #include "selection/detection_install.h"
+#include "selection/draft_routes.h"
+#include "selection/line_tool.h"
+#include "selection/point_tools.h"
+#include "selection/rect_tools.h"
 
-void InstallSelection() { InstallDetection(); }
+void InstallSelection() {
+  InstallDetection();
+  InstallDraftRoutes();
+  InstallRectTools();
+  InstallLineTool();
+  InstallPointTools();
+}

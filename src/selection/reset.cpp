@@ -3,6 +3,7 @@
 #include "selection/draft.h"
 #include "selection/detection_install.h"
 #include "selection/draft_engine.h"
+#include "selection/gesture.h"
 #include "selection/selection_windows.h"
 #include "selection/shape_tool.h"
 
@@ -11,6 +12,7 @@ void ResetSelection() {
   Draft = {};
   ClearPath();
   ClearShapeTools();
+  ResetToolCursor();
   historyHooks.Clear();
   draftAllowsHooks.Clear();
   ResetDetection();

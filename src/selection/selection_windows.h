@@ -64,6 +64,10 @@ struct SelectionWindows {
   // the id chosen, 0 for none.
   std::function<int(Canvas*, const std::string& menu, const std::vector<MenuItemState>& items)>
       popupMenu;
+  // A command to the frame, as its menu would give it: at once, or posted
+  // to run once the program waits for input again.
+  std::function<void(int id)> sendCommand;
+  std::function<void(int id)> postCommand;
   // Waits for the next event of a click tool's loop.
   std::function<ClickEvent(Canvas*)> nextClickEvent;
   // The number dialog: a title, a range and the value shown, written back

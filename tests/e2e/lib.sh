@@ -15,6 +15,8 @@ fail() {
 # The program's windows, one a line:
 #   <depth> <class>#<id> "<text>" <w>x<h> @<x>,<y>
 probe() { wine "$PROBE" 2>/dev/null | tr -d '\r'; }
+# A command to the frame by its number, as a tool bar button sends it.
+send_command() { wine "$PROBE" command "$1" >/dev/null 2>&1 || fail "no frame took command $1"; }
 
 # Patterns of the probe's lines for the windows the tests look at.
 MAIN_WINDOW='^0 da00#0 "Tesel'

@@ -6,7 +6,9 @@
 // argument "screen" the place on the screen, where a screenshot shows it.
 // Run under Wine in the same prefix as the program. The frame's MDI
 // children are no windows of the X server, so this is how a test reads
-// their titles, sizes and places, and the fields of a dialog.
+// their titles, sizes and places, and the fields of a dialog. With the
+// arguments "command <id>" it posts that command to the frame instead, as
+// a tool bar button would, for what has no key.
 #include <windows.h>
 
 #include <cstdio>
@@ -65,6 +67,10 @@ BOOL CALLBACK TopLevel(HWND window, LPARAM) {
 }  // namespace
 
 int main(int argc, char** argv) {
+  if (argc > 2 && std::string(argv[1]) == "command") {
+    HWND frame = FindWindowW(L"da00", nullptr);
+    return frame && PostMessageW(frame, WM_COMMAND, std::stoi(argv[2]), 0) ? 0 : 1;
+  }
   onScreen = argc > 1 && std::string(argv[1]) == "screen";
   EnumWindows(TopLevel, 0);
   std::fflush(stdout);

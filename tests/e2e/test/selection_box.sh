@@ -1,0 +1,28 @@
+# A box dragged with the box tool shows its outline, and a pen stroke
+# drawn across it paints only inside the box; the outline stays through
+# the stroke's repaints.
+. "$(dirname "$0")/../lib.sh"
+
+open_picture 200 150
+send_command 20001
+drag "$((vx + 50)),$((vy + 40))" "$((vx + 100)),$((vy + 70))" "$((vx + 150)),$((vy + 100))"
+xdotool mousemove 5 5
+outlined() { pixel_is $((vx + 100)) $((vy + 40)) "0 0 0" && pixel_is $((vx + 150)) $((vy + 70)) "0 0 0"; }
+shot_until 10 outlined
+keep_shot box-outline
+outlined || fail "no outline on the box's edges"
+# The outline alone: nothing dark off its frame and pegs.
+[ -z "$(not_white_box $((vx + 60)) $((vy + 50)) 80 40)" ] || fail "marks inside the box"
+[ -z "$(not_white_box $vx $vy 40 150)" ] || fail "marks left of the box"
+
+send_command 20005
+drag "$((vx + 10)),$((vy + 70))" "$((vx + 60)),$((vy + 70))" "$((vx + 120)),$((vy + 70))" \
+  "$((vx + 190)),$((vy + 70))"
+xdotool mousemove 5 5
+painted() { pixel_is_not $((vx + 100)) $((vy + 70)) "255 255 255"; }
+shot_until 10 painted
+keep_shot box-painted
+painted || fail "no paint inside the box"
+[ -z "$(not_white_box $vx $((vy + 55)) 45 30)" ] || fail "paint left of the box"
+[ -z "$(not_white_box $((vx + 156)) $((vy + 55)) 44 30)" ] || fail "paint right of the box"
+outlined || fail "the outline went with the stroke's repaint"
