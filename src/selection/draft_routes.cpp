@@ -1,5 +1,6 @@
 #include "selection/draft_routes.h"
 
+#include <algorithm>
 #include <vector>
 
 #include "base/command_ids.h"
@@ -7,7 +8,6 @@
 #include "base/current_tool.h"
 #include "display/pointer_routing.h"
 #include "display/view_windows.h"
-#include "display/zoom.h"
 #include "platform/platform.h"
 #include "settings/settings.h"
 #include "selection/draft.h"
