@@ -1,6 +1,7 @@
 #include "paint/reset.h"
 
 #include "paint/control/dot_tiles.h"
+#include "paint/control/pen_options.h"
 #include "paint/modes/place_dab.h"
 #include "paint/stroke/stroke_engine.h"
 #include "paint/stroke/stroke_outline.h"
@@ -17,4 +18,5 @@ void ResetPaint() {
   strokeWindows = {};
   penOutline = {};
   tabletLink = {};
+  shapeFinish = kFinishSelection;
 }

@@ -8,6 +8,7 @@
 #include "base/current_tool.h"
 #include "display/pointer_routing.h"
 #include "display/view_windows.h"
+#include "paint/control/pen_options.h"
 #include "platform/platform.h"
 #include "settings/settings.h"
 #include "selection/draft.h"
@@ -16,8 +17,6 @@
 #include "selection/gesture.h"
 #include "selection/selection_windows.h"
 #include "selection/shape_tool.h"
-
-int draftFinish = kFinishSelection;
 
 namespace {
 
@@ -113,7 +112,7 @@ void FinishGesture(Canvas* canvas) {
   if (platform::KeyDown('X')) PostCommand(cmd::kFill);
   const int outside = settings.outsideDisplay;
   settings.outsideDisplay = 0;
-  switch (draftFinish) {
+  switch (shapeFinish) {
     case kFinishStraightLine:
       SendCommand(cmd::kLine);
       DeselectAndRepaint(canvas);

@@ -6,14 +6,6 @@
 
 #include "document/canvas.h"
 
-// The "Selection" option: what a finished Draft does by itself.
-enum DraftFinish {
-  kFinishSelection = 0,     // nothing but the Fill and Line buttons' state
-  kFinishStraightLine = 1,  // Line, then Deselect
-  kFinishFill = 2,          // Fill, then Deselect, for the closed kinds
-};
-extern int draftFinish;
-
 // The left press: the tool in use draws, edits or moves its shape, and the
 // keys held at the end and the option above finish it.
 void PressPrimary(Canvas* canvas);

@@ -302,6 +302,19 @@ not_white_box() {
 
 # The LAYER page of the control panel, chosen by its tab (the second of
 # three that share the strip's width).
+# The middle of a control of a page, by its depth and number.
+centre_of() {
+  read -r cx cy cw ch <<<"$(screen_rect "^$1 $2#$3 ")"
+  [ -n "${cx:-}" ] || fail "no control $2#$3 at depth $1"
+  echo "$((cx + cw / 2)) $((cy + ch / 2))"
+}
+# The click's effect, a popup open or a tile picked, shows in nothing the
+# probe lists: hence the pause.
+click_control() {
+  read -r px py <<<"$(centre_of "$@")"
+  xdotool mousemove "$px" "$py" click 1
+  sleep 0.3
+}
 # A click that lands while Wine is still activating the frame can be lost,
 # so it clicks again until the page shows.
 show_layer_page() {

@@ -9,6 +9,7 @@
 #include "paint/control/tip_preview.h"
 #include "paint/modes/color_mask.h"
 #include "paint/modes/place_dab.h"
+#include "paint/modes/protection.h"
 #include "paint/stroke/stroke_engine.h"
 #include "paint/tip/pen_sizes.h"
 #include "paint/tip/stored_pen.h"
@@ -77,11 +78,17 @@ TEST_F(PenPanelTest, ModesStrengthsSpeedMaskAndFlagsStayInTheirRanges) {
   EXPECT_EQ("", ColorMaskLabel(5));
   SetVagueness(101);
   EXPECT_EQ(100, colorMask.vagueness);
+  ChooseShapeFinish(2);
+  ChooseShapeFinish(3);
+  EXPECT_EQ(kFinishFill, shapeFinish);
+  EXPECT_EQ("Straight Line", ShapeFinishLabel(1));
 
   // Each check box has its own word.
   SetPaintFlag(PaintFlag::AntiAlias, false);
   SetPaintFlag(PaintFlag::ReflectDensity, true);
   SetPaintFlag(PaintFlag::AutoSmooth, true);
+  SetPaintFlag(PaintFlag::MaskOutsideSelection, true);
+  EXPECT_EQ(1, protection.maskOutsideSelection);
   EXPECT_EQ(0, PenBlender.antiAlias);
   EXPECT_EQ(std::make_tuple(StrokeEngine.reflectOnThick, StrokeEngine.reflectOnDensity,
                             StrokeEngine.reflectOnSize, StrokeEngine.autoSmooth),

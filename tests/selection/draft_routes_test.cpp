@@ -5,6 +5,7 @@
 
 #include "base/command_ids.h"
 #include "draft_fixture.h"
+#include "paint/control/pen_options.h"
 #include "selection/draft_engine.h"
 #include "selection/draft_routes.h"
 
@@ -73,7 +74,7 @@ TEST_F(DraftTest, FinishedGestureFollowsKeysAndTheSelectionOption) {
   EXPECT_EQ(canvas->selectionKind, cmd::kSelectionBox);
   Hold({});
 
-  draftFinish = kFinishFill;
+  shapeFinish = kFinishFill;
   Drag(cmd::kSelectionLine, {5, 6}, {{20, 15}});
   EXPECT_TRUE(sent.empty());  // an open shape isn't filled
   EXPECT_EQ(canvas->selectionKind, cmd::kSelectionLine);
@@ -81,13 +82,13 @@ TEST_F(DraftTest, FinishedGestureFollowsKeysAndTheSelectionOption) {
   EXPECT_EQ(sent, std::vector<int>{cmd::kFill});
   EXPECT_EQ(canvas->selectionKind, kNoDraft);
 
-  draftFinish = kFinishStraightLine;
+  shapeFinish = kFinishStraightLine;
   Drag(cmd::kSelectionLine, {5, 6}, {{20, 15}});
   EXPECT_EQ(sent, (std::vector<int>{cmd::kFill, cmd::kLine}));
   EXPECT_EQ(canvas->selectionKind, kNoDraft);
   EXPECT_EQ(outsideSeen, (std::vector<int>{0, 0}));
   EXPECT_EQ(settings.outsideDisplay, 1);
-  draftFinish = kFinishSelection;
+  shapeFinish = kFinishSelection;
 }
 
 TEST_F(DraftTest, OutlineSurvivesRepaintsAndARepaintDuringADragKeepsTheBand) {

@@ -4,6 +4,7 @@
 
 #include "paint/modes/color_mask.h"
 #include "paint/modes/place_dab.h"
+#include "paint/modes/protection.h"
 #include "paint/stroke/stroke_engine.h"
 #include "paint/tip/pen_record.h"
 #include "resources/strings.h"
@@ -13,6 +14,7 @@ namespace {
 constexpr int kStringModeLabels = 1600;
 constexpr int kModeCount = 13;
 constexpr int kStringColorMaskLabels = 22000;
+constexpr int kStringShapeFinishLabels = 8002;
 
 uint32_t Byte(int value) { return uint32_t(std::clamp(value, 0, 255)); }
 
@@ -22,12 +24,25 @@ int32_t& FlagWord(PaintFlag flag) {
     case PaintFlag::ReflectThick: return StrokeEngine.reflectOnThick;
     case PaintFlag::ReflectDensity: return StrokeEngine.reflectOnDensity;
     case PaintFlag::ReflectSize: return StrokeEngine.reflectOnSize;
+    case PaintFlag::MaskOutsideSelection:
+      return protection.maskOutsideSelection;
     case PaintFlag::AutoSmooth: break;
   }
   return StrokeEngine.autoSmooth;
 }
 
 }  // namespace
+
+int32_t shapeFinish = kFinishSelection;
+
+std::string ShapeFinishLabel(int choice) {
+  return choice >= 0 && choice < kShapeFinishChoices ? StringText(kStringShapeFinishLabels + choice)
+                                                     : std::string();
+}
+
+void ChooseShapeFinish(int choice) {
+  if (choice >= 0 && choice < kShapeFinishChoices) shapeFinish = choice;
+}
 
 int ChoosePenMode(int mode) {
   if (mode < 0 || mode >= kModePopupCount) return 0;

@@ -33,7 +33,26 @@ std::string ColorMaskLabel(int choice);
 void ChooseColorMask(int choice);
 void SetVagueness(int value);
 
+// The "Selection" list of the paint options: what a finished selection
+// shape does by itself (strings 8002..8004).
+enum ShapeFinish {
+  kFinishSelection = 0,     // nothing but the Fill and Line buttons' state
+  kFinishStraightLine = 1,  // Line, then Deselect
+  kFinishFill = 2,          // Fill, then Deselect, for the closed kinds
+};
+constexpr int kShapeFinishChoices = 3;
+extern int32_t shapeFinish;
+std::string ShapeFinishLabel(int choice);
+void ChooseShapeFinish(int choice);
+
 // The check boxes of the paint options.
-enum class PaintFlag { AntiAlias, ReflectThick, ReflectDensity, ReflectSize, AutoSmooth };
+enum class PaintFlag {
+  AntiAlias,
+  ReflectThick,
+  ReflectDensity,
+  ReflectSize,
+  AutoSmooth,
+  MaskOutsideSelection,
+};
 bool PaintFlagOn(PaintFlag flag);
 void SetPaintFlag(PaintFlag flag, bool on);

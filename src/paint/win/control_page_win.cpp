@@ -52,7 +52,8 @@ constexpr FlagBox kFlagBoxes[] = {{IDC_ANTI_ALIAS, PaintFlag::AntiAlias},
                                   {IDC_AUTO_SMOOTH, PaintFlag::AutoSmooth},
                                   {IDC_REFLECT_THICK, PaintFlag::ReflectThick},
                                   {IDC_REFLECT_DENSITY, PaintFlag::ReflectDensity},
-                                  {IDC_REFLECT_SIZE, PaintFlag::ReflectSize}};
+                                  {IDC_REFLECT_SIZE, PaintFlag::ReflectSize},
+                                  {IDC_MASK_OUTSIDE, PaintFlag::MaskOutsideSelection}};
 
 void SetSlider(HWND page, int id, int value) {
   SendDlgItemMessageW(page, id, TBM_SETPOS, TRUE, value);
@@ -78,6 +79,7 @@ void ShowPen(HWND page) {
   for (const FlagBox& box : kFlagBoxes)
     CheckDlgButton(page, box.id, PaintFlagOn(box.flag) ? BST_CHECKED : BST_UNCHECKED);
   SendDlgItemMessageW(page, IDC_COLOR_MASK, CB_SETCURSEL, WPARAM(colorMask.choice), 0);
+  SendDlgItemMessageW(page, IDC_SHAPE_FINISH, CB_SETCURSEL, WPARAM(shapeFinish), 0);
   state.showing = false;
 }
 
@@ -153,6 +155,10 @@ void Command(HWND page, int id, int code) {
       if (code == CBN_SELCHANGE)
         ChooseColorMask(int(SendDlgItemMessageW(page, id, CB_GETCURSEL, 0, 0)));
       return;
+    case IDC_SHAPE_FINISH:
+      if (code == CBN_SELCHANGE)
+        ChooseShapeFinish(int(SendDlgItemMessageW(page, id, CB_GETCURSEL, 0, 0)));
+      return;
     default: NumberTyped(page, id, code);
   }
 }
@@ -212,6 +218,10 @@ void Initialize(HWND page) {
   for (int choice = 0; choice < kColorMaskChoices; ++choice)
     SendDlgItemMessageW(page, IDC_COLOR_MASK, CB_ADDSTRING, 0,
                         reinterpret_cast<LPARAM>(platform::Widen(ColorMaskLabel(choice)).c_str()));
+  for (int choice = 0; choice < kShapeFinishChoices; ++choice)
+    SendDlgItemMessageW(
+        page, IDC_SHAPE_FINISH, CB_ADDSTRING, 0,
+        reinterpret_cast<LPARAM>(platform::Widen(ShapeFinishLabel(choice)).c_str()));
   AddModeTips(page);
   ShowPen(page);
   state.shown = OptionAreaPanel(currentTool, GetKeyState(VK_SHIFT) < 0);

@@ -22,6 +22,8 @@
 #define IDC_COLOR_MASK 327
 #define IDC_VAGUENESS_SLIDER 328
 #define IDC_VAGUENESS_VALUE 329
+#define IDC_SHAPE_FINISH 330
+#define IDC_MASK_OUTSIDE 331
 
 // opt_brush: shape buttons 0..15, then these.
 #define IDC_TIP_PREVIEW 100

@@ -5,19 +5,6 @@
 # back onto the page.
 . "$(dirname "$0")/../lib.sh"
 
-# The middle of a control of the page, by its depth and number.
-centre_of() {
-  read -r cx cy cw ch <<<"$(screen_rect "^$1 $2#$3 ")"
-  [ -n "${cx:-}" ] || fail "no control $2#$3 at depth $1"
-  echo "$((cx + cw / 2)) $((cy + ch / 2))"
-}
-# The click's effect, a popup open or a tile picked, shows in nothing the
-# probe lists: hence the pause.
-click_control() {
-  read -r px py <<<"$(centre_of "$@")"
-  xdotool mousemove "$px" "$py" click 1
-  sleep 0.3
-}
 control_text() { probe | sed -n "s/^$1 $2#$3 \"\(.*\)\" .*/\1/p" | head -1; }
 # A single dab at x, y of the picture.
 dab() { shift_drag "$((vx + $1)),$((vy + $2))"; }
