@@ -3,6 +3,7 @@
 #include "selection/detection_install.h"
 #include "selection/draft_routes.h"
 #include "selection/line_tool.h"
+#include "selection/path_tools.h"
 #include "selection/point_tools.h"
 #include "selection/rect_tools.h"
 
@@ -12,4 +13,5 @@ void InstallSelection() {
   InstallRectTools();
   InstallLineTool();
   InstallPointTools();
+  InstallPathTools();
 }

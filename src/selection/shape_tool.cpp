@@ -6,6 +6,8 @@ namespace {
 std::map<int, ShapeTool> tools;
 }
 
+std::function<int(Canvas*)> polygonPegOrBody;
+
 void RegisterShapeTool(int id, ShapeTool tool) { tools[id] = std::move(tool); }
 
 const ShapeTool* ShapeToolOf(int id) {
@@ -13,4 +15,7 @@ const ShapeTool* ShapeToolOf(int id) {
   return found == tools.end() ? nullptr : &found->second;
 }
 
-void ClearShapeTools() { tools.clear(); }
+void ClearShapeTools() {
+  tools.clear();
+  polygonPegOrBody = nullptr;
+}

@@ -26,3 +26,8 @@ void RegisterShapeTool(int id, ShapeTool tool);
 // Null when no tool of that number is registered.
 const ShapeTool* ShapeToolOf(int id);
 void ClearShapeTools();
+
+// The polygon's press without its new shape: a peg, then the body, 1 when
+// one took the press. The wire's press tries it first, since the wire
+// leaves a polygon; the polygon tool sets it.
+extern std::function<int(Canvas*)> polygonPegOrBody;

@@ -18,6 +18,7 @@
 HookList<Canvas*> beforeCloseHooks;
 HookList<Canvas*> documentReleaseHooks;
 HookList<Canvas*> activationHooks;
+HookList<Canvas*> deactivationHooks;
 HookList<> frameDestroyHooks;
 HookList<> preferencesClosedHooks;
 
@@ -81,6 +82,7 @@ void ActivateDocument(Canvas* canvas, bool active) {
   if (!canvas) return;
   if (!active) {
     draftStoreHooks.Run(canvas);
+    deactivationHooks.Run(canvas);
     CanvasManager.ResetAccuracy(canvas, 0);
     if (activeDocument == canvas) {
       activeDocument = nullptr;

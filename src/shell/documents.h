@@ -49,6 +49,9 @@ extern HookList<Canvas*> beforeCloseHooks;
 extern HookList<Canvas*> documentReleaseHooks;
 // A document became active: its Draft state comes back, tools refresh.
 extern HookList<Canvas*> activationHooks;
+// A document stopped being the active one, after its Draft state was
+// stored: what only the active canvas may hold (the Bezier path) goes.
+extern HookList<Canvas*> deactivationHooks;
 // The frame's WM_DESTROY, and the preferences sheet once it has closed:
 // run by the Win32 frame, filled by the subsystems whose state outlives a
 // document.

@@ -6,6 +6,7 @@
 #include "paint/install.h"
 #include "selection/detect_selection.h"
 #include "selection/install.h"
+#include "shell/bezier_path_tool.h"
 #include "shell/documents.h"
 #include "shell/file_commands.h"
 #include "shell/layer_commands.h"
@@ -18,6 +19,7 @@ void InstallShell(const std::string& tempFolder) {
   InstallFileCommands();
   InstallLayerCommands();
   InstallSmoothZoomTool(tempFolder);
+  InstallBezierPathTool(tempFolder);
   InstallRightClickKeys();
   documentReleaseHooks.Add(DetectSelectionCanvasGoing);
 }

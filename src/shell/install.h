@@ -8,7 +8,8 @@
 #include <string>
 
 // The shell's own: the undo and file commands, the Smooth Zoom tool (which parks its
-// planes in tempFolder, ending with a separator) and the right-click keys.
+// planes in tempFolder, ending with a separator), the Bezier path's file (there
+// too) and Edit Bezier, and the right-click keys.
 void InstallShell(const std::string& tempFolder);
 
 // programFolder and tempFolder end with a separator.

@@ -17,7 +17,9 @@ void ResetShell() {
   ResetToolState();
   ResetCascade();
   std::memset(fileHistory, 0, sizeof fileHistory);
-  for (auto* hooks : {&beforeCloseHooks, &documentReleaseHooks, &activationHooks}) hooks->Clear();
+  for (auto* hooks :
+       {&beforeCloseHooks, &documentReleaseHooks, &activationHooks, &deactivationHooks})
+    hooks->Clear();
   frameDestroyHooks.Clear();
   preferencesClosedHooks.Clear();
   documentKeyHooks.Clear();
