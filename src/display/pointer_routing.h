@@ -42,6 +42,7 @@ enum Overlay {
   kOverlayResizeBox,
   kOverlayDraft,
   kOverlayZoomFrame,  // the rectangle Smooth Zoom is about to enlarge
+  kOverlayEditFrame,  // Edit Bezier's frame around the path
   kOverlayCount,
 };
 

@@ -6,6 +6,8 @@
 #include <numbers>
 
 #include "base/command_ids.h"
+#include "base/current_tool.h"
+#include "display/pointer_routing.h"
 #include "display/zoom.h"
 #include "platform/platform.h"
 #include "resources/strings.h"
@@ -329,6 +331,11 @@ void ApplyEditFrame(Canvas* canvas) {
 void InstallEditBezier() {
   RegisterShapeTool(cmd::kEditBezier,
                     ShapeTool{EditBezierHover, PressEditBezier, EditBezierMenu, DrawLiveFrame});
+  pointerRoutes.overlayToggles[kOverlayEditFrame] = DrawLiveFrame;
+  // The left press of an object mode goes to the tool in use.
+  pointerRoutes.draftObjectPress = [](Canvas* canvas) {
+    if (const ShapeTool* tool = ShapeToolOf(currentTool); tool && tool->press) tool->press(canvas);
+  };
 }
 
 void ResetEditBezier() {

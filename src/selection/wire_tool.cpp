@@ -64,7 +64,7 @@ struct WireRun {
   Canvas* canvas;
   int count = 0;
   int anchorCount = 0;
-  CanvasPoint tracked{};  // the cursor where the last Track ended
+  CanvasPoint tracked{};  // the start, then the cursor where the last Track ended
 
   // Points from index `from` on change: their lines go, change, and come
   // back.
@@ -163,7 +163,7 @@ void RunWire(Canvas* canvas) {
   const EdgeSnap start = SnapToEdge(canvas, cursor);
   lastEdgeStrength = start.strength;
   SetPoint(canvas, 0, start.at);
-  WireRun run{canvas, 1, 1, cursor};
+  WireRun run{canvas, 1, 1, start.at};
   canvas->draftPointCount = 1;
   while (selectionWindows.nextClickEvent) {
     const ClickEvent event = selectionWindows.nextClickEvent(canvas);

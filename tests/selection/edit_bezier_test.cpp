@@ -6,7 +6,9 @@
 #include <vector>
 
 #include "base/command_ids.h"
+#include "base/current_tool.h"
 #include "display/view_fixture.h"
+#include "display/view_paint.h"
 #include "selection/draft.h"
 #include "selection/edit_bezier.h"
 #include "selection/path_file.h"
@@ -23,6 +25,7 @@ class EditBezierTest : public ViewTest {
   void SetUp() override {
     ViewTest::SetUp();
     InstallEditBezier();
+    currentTool = cmd::kEditBezier;
     pathFileFolder = folder.path();
     canvas = MakeBlank(200, 200);
     // An open Free Bezier of two nodes; its box is that of the nodes.
@@ -48,7 +51,7 @@ class EditBezierTest : public ViewTest {
     script.clear();
     PointerAt({from, to});
     held = 1;
-    ShapeToolOf(cmd::kEditBezier)->press(canvas);
+    pointerRoutes.draftObjectPress(canvas);
   }
   // The menu chosen at `at`, and the number dialog's answer.
   int Menu(std::array<int, 2> at, int item, int typed = 0) {
@@ -97,7 +100,15 @@ TEST_F(EditBezierTest, MenuScalesAndTurnsTheBackupAboutTheBoxCentre) {
   EXPECT_EQ(Menu({20, 20}, 10), 0);
   EXPECT_EQ(Menu({120, 70}, 10), 1);
   EXPECT_EQ(headless::MessagesTo(platform::Window::Frame, 0x0111).back().wParam, cmd::kFreeBezier);
+  // A repaint takes the frame off and puts it back.
+  std::vector<Rect> pegs;
+  selectionWindows.invertBox = [&](Canvas*, const Rect& box) { pegs.push_back(box); };
+  OverlaysOff(canvas);
+  EXPECT_EQ(pegs, (std::vector<Rect>{{136, 86, 144, 94}, {166, 66, 174, 74}}));
   EndEditBezier();
+  EXPECT_EQ(pegs.size(), 4u);
+  OverlaysOn(canvas);
+  EXPECT_EQ(pegs.size(), 4u);
   EXPECT_EQ(Draft.active, 0);
   EXPECT_EQ(EditBezierCanvas(), nullptr);
   // Only a Bezier path can be edited.
