@@ -9,8 +9,16 @@
 
 void InstallBezierPathTool(const std::string& tempFolder) {
   pathFileFolder = tempFolder;
-  deactivationHooks.Add(StorePathOnLeaving);
-  activationHooks.Add([](Canvas* canvas) { RestorePath(canvas, 1); });
+  // Edit Bezier follows the focus: its backup is the path of the canvas it
+  // began on, so it ends there and begins again on the canvas that comes.
+  deactivationHooks.Add([](Canvas* canvas) {
+    if (EditBezierCanvas() == canvas) EndEditBezier();
+    StorePathOnLeaving(canvas);
+  });
+  activationHooks.Add([](Canvas* canvas) {
+    RestorePath(canvas, 1);
+    if (currentTool == cmd::kEditBezier) BeginEditBezier(canvas, cmd::kEditBezier);
+  });
   documentReleaseHooks.Add([](Canvas* canvas) {
     if (EditBezierCanvas() == canvas) EndEditBezier();
     DeletePathFile(canvas);

@@ -86,8 +86,18 @@ TEST_F(BezierPathTool, EditBezierStartsWithTheToolAndEndsWithIt) {
   EXPECT_EQ(EditBezierCanvas(), nullptr);
   EXPECT_EQ(pegs.size(), 4u);
   EXPECT_EQ(Draft.active, 0);
-  // A document closing with the mode on ends it.
+  // The mode follows the focus, and ends on a canvas without a path.
   RouteCommand(cmd::kEditBezier, 0);
+  Canvas* other = OpenBlank(50, 50);
+  ActivateDocument(canvas, false);
+  EXPECT_EQ(EditBezierCanvas(), nullptr);
+  ActivateDocument(other, true);
+  EXPECT_EQ(EditBezierCanvas(), nullptr);
+  ActivateDocument(other, false);
+  ActivateDocument(canvas, true);
+  EXPECT_EQ(EditBezierCanvas(), canvas);
+  EXPECT_EQ(canvas->selectionKind, cmd::kFreeBezier);
+  // A document closing with the mode on ends it.
   ASSERT_EQ(EditBezierCanvas(), canvas);
   Close(canvas);
   EXPECT_EQ(EditBezierCanvas(), nullptr);
