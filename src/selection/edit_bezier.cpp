@@ -273,7 +273,7 @@ FrameCorners ViewFrame(const Canvas* canvas) {
   const int halfHeight =
       ToView(canvas, (editFrame.tapBottom - editFrame.tapTop + 1) / 2) * editFrame.tapSize / 100;
   const CanvasPoint centre = FrameCentre();
-  return Corners({ToView(canvas, centre.x), ToView(canvas, centre.y)}, halfWidth, halfHeight,
+  return Corners({ToView(canvas, centre.x, 1), ToView(canvas, centre.y, 1)}, halfWidth, halfHeight,
                  Draft.angle);
 }
 

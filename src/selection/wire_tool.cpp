@@ -35,13 +35,18 @@ void SetPoint(Canvas* canvas, int i, CanvasPoint at) {
   canvas->draftPoints[i][1] = static_cast<float>(at.y);
 }
 
+// Point i in view pixels, in the middle of its pixel.
+CanvasPoint ViewPointAt(const Canvas* canvas, int i) {
+  const CanvasPoint p = PointAt(canvas, i);
+  return {ToView(canvas, p.x, 1), ToView(canvas, p.y, 1)};
+}
+
 // The dotted lines from point from - 1 on to the last point.
 void DrawChain(Canvas* canvas, int from, int count) {
   if (!selectionWindows.invertLine) return;
   for (int i = std::max(from, 1); i < count; ++i) {
-    const CanvasPoint a = PointAt(canvas, i - 1), b = PointAt(canvas, i);
-    selectionWindows.invertLine(canvas, OutlinePen::Dotted, ToView(canvas, a.x),
-                                ToView(canvas, a.y), ToView(canvas, b.x), ToView(canvas, b.y));
+    const CanvasPoint a = ViewPointAt(canvas, i - 1), b = ViewPointAt(canvas, i);
+    selectionWindows.invertLine(canvas, OutlinePen::Dotted, a.x, a.y, b.x, b.y);
   }
 }
 
@@ -52,10 +57,9 @@ void WireOutline(Canvas* canvas) {
   DrawChain(canvas, 1, count);
   if (!selectionWindows.invertBox) return;
   for (int i = 0; i < count - 1; i += kWirePegEvery) {
-    const CanvasPoint p = PointAt(canvas, i);
-    const int x = ToView(canvas, p.x), y = ToView(canvas, p.y);
-    selectionWindows.invertBox(canvas,
-                               Rect{x - kPegHalf, y - kPegHalf, x + kPegHalf, y + kPegHalf});
+    const CanvasPoint p = ViewPointAt(canvas, i);
+    selectionWindows.invertBox(
+        canvas, Rect{p.x - kPegHalf, p.y - kPegHalf, p.x + kPegHalf, p.y + kPegHalf});
   }
 }
 
