@@ -187,6 +187,8 @@ void RunWire(Canvas* canvas) {
     canvas->draftPointCount = static_cast<uint32_t>(run.count);
   }
   CommitShape(canvas, 1, 1);
+  // The shape's outline shows at rest.
+  EraseOutline(canvas);
 }
 
 void InstallWire() {

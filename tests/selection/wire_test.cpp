@@ -210,6 +210,10 @@ TEST_F(WireTest, ThinningDropsNearlyStraightMiddlesAndLooksBackAfterEachDrop) {
 
 TEST_F(WireTest, RunSnapsToTheEdgeTracksItAndClosesOnTheFirstPoint) {
   Canvas* canvas = EdgePicture();
+  int outlines = 0;
+  ShapeTool polygon;
+  polygon.outline = [&](Canvas*) { ++outlines; };
+  RegisterShapeTool(cmd::kSelectionPolygon, polygon);
   ScriptEvents();
   at = {35, 5};
   Script(canvas, {
@@ -236,6 +240,7 @@ TEST_F(WireTest, RunSnapsToTheEdgeTracksItAndClosesOnTheFirstPoint) {
   EXPECT_EQ(ReadSelectionPixel(canvas, 30, 40), 0);
   EXPECT_EQ(ReadSelectionPixel(canvas, 5, 5), 255);
   EXPECT_EQ(SelectionBox(canvas), (Rect{10, 3, 39, 50}));
+  EXPECT_EQ(outlines, 1);  // shown at rest once the run is over
 
   // A right click before two more points leaves no Draft: a raster of all
   // 255, as every empty shape commits.
