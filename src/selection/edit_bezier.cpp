@@ -30,7 +30,6 @@ constexpr int kStringAngleTitle = 23103;
 // tsTapSubMenu's items.
 enum : int { kResetSize = 2, kResetAngle = 3, kInputSize = 4, kInputAngle = 5, kBack = 10 };
 
-constexpr uint32_t kWmCommand = 0x0111;
 constexpr int kAngleLine = 50;  // view pixels from the centre to the angle peg
 constexpr int kPegHalf = 4;
 constexpr int kLabelOffset = 20;  // canvas pixels up and left of the cursor
@@ -235,7 +234,7 @@ int EditBezierMenu(Canvas* canvas) {
                                                {kResetAngle, true},
                                                {kBack, true}});
   if (item == kBack) {
-    platform::SendToWindow(platform::Window::Frame, kWmCommand, backTool, 0);
+    if (selectionWindows.sendCommand) selectionWindows.sendCommand(backTool);
     return 1;
   }
   if (item < kResetSize || item > kInputAngle) return 1;

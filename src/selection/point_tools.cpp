@@ -195,14 +195,22 @@ void ClickRun(Canvas* canvas, const PointShape& shape) {
   Settle(canvas);
 }
 
-void Press(Canvas* canvas, const PointShape& shape) {
-  if (Owns(canvas, shape)) {
-    if (const int index = HitPoint(canvas, ScannedPoints(canvas, shape)); index >= 0)
-      return DragPoint(canvas, shape, index);
-    const CanvasPoint at = Pointer(canvas);
-    if (StrictlyInside(BodyOf(canvas, shape), at.x, at.y)) return DragBody(canvas, shape, at);
+// The press's first two tries, a peg and then the body: 1 when one took
+// the press.
+int PegOrBody(Canvas* canvas, const PointShape& shape) {
+  if (!Owns(canvas, shape)) return 0;
+  if (const int index = HitPoint(canvas, ScannedPoints(canvas, shape)); index >= 0) {
+    DragPoint(canvas, shape, index);
+    return 1;
   }
-  ClickRun(canvas, shape);
+  const CanvasPoint at = Pointer(canvas);
+  if (!StrictlyInside(BodyOf(canvas, shape), at.x, at.y)) return 0;
+  DragBody(canvas, shape, at);
+  return 1;
+}
+
+void Press(Canvas* canvas, const PointShape& shape) {
+  if (!PegOrBody(canvas, shape)) ClickRun(canvas, shape);
 }
 
 // A hit on a polygon's last point is its first.
@@ -268,6 +276,8 @@ void DeletePoint(Canvas* canvas, int index, bool closed) {
 }
 
 void InstallPointTools() {
-  Register({cmd::kSelectionPolygon, true});
+  constexpr PointShape kPolygon{cmd::kSelectionPolygon, true};
+  Register(kPolygon);
   Register({cmd::kConnectLine, false});
+  polygonPegOrBody = [kPolygon](Canvas* canvas) { return PegOrBody(canvas, kPolygon); };
 }

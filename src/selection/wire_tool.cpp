@@ -12,7 +12,9 @@
 #include "display/zoom.h"
 #include "selection/draft.h"
 #include "selection/draft_engine.h"
+#include "selection/draft_outline.h"
 #include "selection/gesture.h"
+#include "selection/point_tools.h"
 #include "selection/selection_windows.h"
 #include "selection/shape_tool.h"
 #include "selection/wire_track.h"
@@ -23,7 +25,6 @@ namespace {
 
 // A move shorter than this (|dx| + |dy|) asks for no new Track.
 constexpr int kTrackThreshold = 25;
-constexpr int kPegHalf = 4;
 constexpr int kWirePegEvery = 10;
 
 CanvasPoint PointAt(const Canvas* canvas, int i) {
@@ -35,32 +36,10 @@ void SetPoint(Canvas* canvas, int i, CanvasPoint at) {
   canvas->draftPoints[i][1] = static_cast<float>(at.y);
 }
 
-// Point i in view pixels, in the middle of its pixel.
-CanvasPoint ViewPointAt(const Canvas* canvas, int i) {
-  const CanvasPoint p = PointAt(canvas, i);
-  return {ToView(canvas, p.x, 1), ToView(canvas, p.y, 1)};
-}
-
-// The dotted lines from point from - 1 on to the last point.
-void DrawChain(Canvas* canvas, int from, int count) {
-  if (!selectionWindows.invertLine) return;
-  for (int i = std::max(from, 1); i < count; ++i) {
-    const CanvasPoint a = ViewPointAt(canvas, i - 1), b = ViewPointAt(canvas, i);
-    selectionWindows.invertLine(canvas, OutlinePen::Dotted, a.x, a.y, b.x, b.y);
-  }
-}
-
 // The kind 20009 as a file brings it: its neighbours joined and a peg at
 // each tenth point, the closing one left out.
 void WireOutline(Canvas* canvas) {
-  const int count = static_cast<int>(std::min<uint32_t>(canvas->draftPointCount, kMaxDraftPoints));
-  DrawChain(canvas, 1, count);
-  if (!selectionWindows.invertBox) return;
-  for (int i = 0; i < count - 1; i += kWirePegEvery) {
-    const CanvasPoint p = ViewPointAt(canvas, i);
-    selectionWindows.invertBox(
-        canvas, Rect{p.x - kPegHalf, p.y - kPegHalf, p.x + kPegHalf, p.y + kPegHalf});
-  }
+  PointOutline(canvas, static_cast<int>(canvas->draftPointCount), true, kWirePegEvery, false);
 }
 
 // The run's points and how many of them are fixed.
@@ -70,14 +49,15 @@ struct WireRun {
   int anchorCount = 0;
   CanvasPoint tracked{};  // the start, then the cursor where the last Track ended
 
-  // Points from index `from` on change: their lines go, change, and come
-  // back.
+  RubberBand* band;
+
+  // The points change under the rubber band.
   template <typename Change>
-  void Redraw(int from, Change change) {
-    DrawChain(canvas, from, count);
+  void Redraw(Change change) {
+    band->Toggle();
     change();
     canvas->draftPointCount = static_cast<uint32_t>(count);
-    DrawChain(canvas, from, count);
+    band->Toggle();
   }
 
   // The points after the last fixed one are those of a Track to the
@@ -85,7 +65,7 @@ struct WireRun {
   // filled.
   bool TrackTo(CanvasPoint cursor) {
     bool fits = true;
-    Redraw(anchorCount, [&] {
+    Redraw([&] {
       const std::vector<CanvasPoint> found =
           Track(canvas, PointAt(canvas, anchorCount - 1), cursor, lastEdgeStrength);
       const int room = kMaxDraftPoints - anchorCount;
@@ -98,7 +78,7 @@ struct WireRun {
   }
 
   void Close() {
-    Redraw(count - 1, [&] { SetPoint(canvas, count - 1, PointAt(canvas, 0)); });
+    Redraw([&] { SetPoint(canvas, count - 1, PointAt(canvas, 0)); });
   }
 
   // One event of the loop; false when the run ends.
@@ -112,7 +92,7 @@ struct WireRun {
           Close();
           return false;
         }
-        Redraw(count - 1, [&] { SetPoint(canvas, count - 1, cursor); });
+        Redraw([&] { SetPoint(canvas, count - 1, cursor); });
         return true;
       case ClickEvent::LeftDown:
         if (snap) {
@@ -124,11 +104,11 @@ struct WireRun {
           Close();
           return false;
         }
-        Redraw(count, [&] { SetPoint(canvas, count++, cursor); });
+        Redraw([&] { SetPoint(canvas, count++, cursor); });
         anchorCount = count;
         return true;
       case ClickEvent::Backspace:
-        Redraw(count - 1, [&] { --count; });
+        Redraw([&] { --count; });
         anchorCount = std::min(anchorCount, count);
         return count > 0;
       case ClickEvent::RightUp:
@@ -167,18 +147,21 @@ void RunWire(Canvas* canvas) {
   const EdgeSnap start = SnapToEdge(canvas, cursor);
   lastEdgeStrength = start.strength;
   SetPoint(canvas, 0, start.at);
-  WireRun run{canvas, 1, 1, start.at};
   canvas->draftPointCount = 1;
-  while (selectionWindows.nextClickEvent) {
-    const ClickEvent event = selectionWindows.nextClickEvent(canvas);
-    PointerOnCanvas(canvas, &cursor, 0, 0);
-    if (event.type == ClickEvent::Move) {
-      ShowPosition(canvas, cursor.x, cursor.y);
-      ScrollAtEdge(canvas);
+  WireRun run{canvas, 1, 1, start.at, nullptr};
+  {
+    RubberBand band(canvas, [&] { PointOutline(canvas, run.count, false, 1, false); });
+    run.band = &band;
+    while (selectionWindows.nextClickEvent) {
+      const ClickEvent event = selectionWindows.nextClickEvent(canvas);
+      PointerOnCanvas(canvas, &cursor, 0, 0);
+      if (event.type == ClickEvent::Move) {
+        ShowPosition(canvas, cursor.x, cursor.y);
+        ScrollAtEdge(canvas);
+      }
+      if (!run.Take(event.type, cursor, !ShiftHeld())) break;
     }
-    if (!run.Take(event.type, cursor, !ShiftHeld())) break;
   }
-  DrawChain(canvas, 1, run.count);
   if (run.count < 3) {
     canvas->selectionKind = kNoDraft;
     canvas->draftPointCount = 0;
