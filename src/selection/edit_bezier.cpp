@@ -13,6 +13,7 @@
 #include "resources/strings.h"
 #include "selection/draft.h"
 #include "selection/draft_engine.h"
+#include "selection/draft_outline.h"
 #include "selection/gesture.h"
 #include "selection/path_file.h"
 #include "selection/selection_windows.h"
@@ -86,24 +87,15 @@ bool InBody(CanvasPoint at) {
          at.y <= frame.corner[2].y;
 }
 
-void Peg(Canvas* canvas, CanvasPoint at) {
-  if (selectionWindows.invertBox)
-    selectionWindows.invertBox(
-        canvas, Rect{at.x - kPegHalf, at.y - kPegHalf, at.x + kPegHalf, at.y + kPegHalf});
-}
-
-void DottedLine(Canvas* canvas, CanvasPoint a, CanvasPoint b) {
-  if (selectionWindows.invertLine)
-    selectionWindows.invertLine(canvas, OutlinePen::Dotted, a.x, a.y, b.x, b.y);
-}
-
 void DrawFrame(Canvas* canvas) {
   const FrameCorners frame = ViewFrame(canvas);
-  for (int i = 0; i < 4; ++i) DottedLine(canvas, frame.corner[i], frame.corner[(i + 1) % 4]);
-  Peg(canvas, frame.corner[2]);
+  auto view = [](CanvasPoint p) { return ViewPoint{p.x, p.y}; };
+  for (int i = 0; i < 4; ++i)
+    DottedLine(canvas, view(frame.corner[i]), view(frame.corner[(i + 1) % 4]));
+  Peg(canvas, view(frame.corner[2]));
   const CanvasPoint reach = AngleReach();
-  const CanvasPoint end{frame.centre.x + reach.x, frame.centre.y + reach.y};
-  DottedLine(canvas, frame.centre, end);
+  const ViewPoint end{frame.centre.x + reach.x, frame.centre.y + reach.y};
+  DottedLine(canvas, view(frame.centre), end);
   Peg(canvas, end);
 }
 
