@@ -4,6 +4,7 @@
 
 #include <cmath>
 #include <cstdlib>
+#include <cstring>
 #include <deque>
 #include <vector>
 
@@ -12,6 +13,8 @@
 #include "document/canvas_rows.h"
 #include "document/selection_rows.h"
 #include "selection/draft.h"
+#include "selection/draft_engine.h"
+#include "selection/point_tools.h"
 #include "selection/selection_windows.h"
 #include "selection/shape_tool.h"
 #include "selection/wire_tool.h"
@@ -285,16 +288,24 @@ TEST_F(WireTest, ARunThatFillsThePointListEndsClosed) {
 
 TEST_F(WireTest, PressEditsThePolygonItLeftAndOutlinesTheFileKindWithEveryTenthPeg) {
   Canvas* canvas = EdgePicture();
+  InstallPointTools();
   InstallWire();
-  int polygonTries = 0;
-  polygonPegOrBody = [&](Canvas*) { return ++polygonTries == 1; };
+  // A triangle the wire left: a press on its peg is the polygon's.
+  const float triangle[][2] = {{10, 10}, {50, 10}, {30, 40}, {10, 10}};
+  std::memcpy(canvas->draftPoints, triangle, sizeof triangle);
+  canvas->draftPointCount = 4;
+  canvas->selectionKind = cmd::kSelectionPolygon;
+  CommitShape(canvas, 0, 0);
   ScriptEvents();
-  at = {20, 20};
+  at = {50, 10};
   Script(canvas, {{ClickEvent::LeftDown, 30, 30, true}, {ClickEvent::LeftDown, 20, 30, true}});
-  ShapeToolOf(cmd::kWire)->press(canvas);  // taken by the polygon's peg or body
+  ShapeToolOf(cmd::kWire)->press(canvas);
   EXPECT_EQ(events.size(), 2u);
-  ShapeToolOf(cmd::kWire)->press(canvas);  // a new run
-  EXPECT_EQ(polygonTries, 2);
+  EXPECT_EQ(canvas->selectionKind, cmd::kSelectionPolygon);
+  // Off the polygon the press begins a run.
+  at = {5, 55};
+  ShapeToolOf(cmd::kWire)->press(canvas);
+  EXPECT_EQ(events.size(), 0u);
   EXPECT_EQ(canvas->draftPointCount, 3u);
 
   int lines = 0;
