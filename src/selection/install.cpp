@@ -4,6 +4,7 @@
 #include "selection/draft_routes.h"
 #include "selection/line_tool.h"
 #include "selection/point_tools.h"
+#include "selection/raster_commands.h"
 #include "selection/rect_tools.h"
 
 void InstallSelection() {
@@ -12,4 +13,5 @@ void InstallSelection() {
   InstallRectTools();
   InstallLineTool();
   InstallPointTools();
+  InstallSelectionRaster();
 }

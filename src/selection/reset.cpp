@@ -4,6 +4,7 @@
 #include "selection/detection_install.h"
 #include "selection/draft_engine.h"
 #include "selection/gesture.h"
+#include "selection/raster_commands.h"
 #include "selection/selection_windows.h"
 #include "selection/shape_tool.h"
 
@@ -16,4 +17,5 @@ void ResetSelection() {
   historyHooks.Clear();
   draftAllowsHooks.Clear();
   ResetDetection();
+  ResetSelectionRaster();
 }
