@@ -8,6 +8,7 @@
 #include <random>
 #include <vector>
 
+#include "pixel/vector_paths.h"
 #include "selection/raster_filters.h"
 
 namespace {
@@ -88,6 +89,19 @@ Raster SlowMean3x3(const Raster& r, Size s) {
   return out;
 }
 
+// Runs a check with the SSE2 kernels, then with the AVX2 ones where the
+// processor has them.
+template <typename Check>
+void OnEachPath(Check check) {
+  const bool before = VectorPaths();
+  for (const bool vector : {false, true}) {
+    if (UseVectorPaths(vector) != vector) continue;
+    SCOPED_TRACE(vector ? "AVX2" : "SSE2");
+    check();
+  }
+  UseVectorPaths(before);
+}
+
 Raster FastMinMax(const Raster& r, Size s, int passes, bool takeMax) {
   Raster out(r.size());
   MinMaxSquare(r.data(), out.data(), s.width, s.height, passes, takeMax, [](int) {});
@@ -95,38 +109,42 @@ Raster FastMinMax(const Raster& r, Size s, int passes, bool takeMax) {
 }
 
 TEST(RasterFilters, MinAndMaxPassesMatchTheReference) {
-  std::mt19937 random(1);
-  for (const Size size : kSizes)
-    for (const bool blobs : {false, true}) {
-      const Raster raster = RandomRaster(size, random, blobs);
-      for (const int passes : {1, 2, 3, 5, 8, 40})
-        for (const bool takeMax : {false, true})
-          EXPECT_EQ(FastMinMax(raster, size, passes, takeMax),
-                    SlowMinMax(raster, size, passes, takeMax))
-              << size.width << "x" << size.height << " passes " << passes << " max " << takeMax;
-    }
+  OnEachPath([] {
+    std::mt19937 random(1);
+    for (const Size size : kSizes)
+      for (const bool blobs : {false, true}) {
+        const Raster raster = RandomRaster(size, random, blobs);
+        for (const int passes : {1, 2, 3, 5, 8, 40})
+          for (const bool takeMax : {false, true})
+            EXPECT_EQ(FastMinMax(raster, size, passes, takeMax),
+                      SlowMinMax(raster, size, passes, takeMax))
+                << size.width << "x" << size.height << " passes " << passes << " max " << takeMax;
+      }
+  });
 }
 
 TEST(RasterFilters, SquareMeanMatchesTheReferenceAndReportsEachRow) {
-  std::mt19937 random(2);
-  for (const Size size : kSizes)
-    for (const int n : {1, 2, 3, 7, 50}) {
-      const Raster raster = RandomRaster(size, random, n % 2 == 0);
-      Raster out(raster.size());
-      std::vector<int> rows;
-      SquareMean(raster.data(), out.data(), size.width, size.height, n,
-                 [&rows](int y) { rows.push_back(y); });
-      EXPECT_EQ(out, SlowSquareMean(raster, size, n))
-          << size.width << "x" << size.height << " N " << n;
-      EXPECT_EQ(static_cast<int>(rows.size()), size.height);
-    }
-  // All 255 with the largest square: the sums reach their highest, and
-  // the quotient must still come out whole.
-  const Size big{120, 110};
-  const Raster full(static_cast<size_t>(big.width) * big.height, 255);
-  Raster out(full.size());
-  SquareMean(full.data(), out.data(), big.width, big.height, 50, [](int) {});
-  EXPECT_EQ(out, full);
+  OnEachPath([] {
+    std::mt19937 random(2);
+    for (const Size size : kSizes)
+      for (const int n : {1, 2, 3, 7, 50}) {
+        const Raster raster = RandomRaster(size, random, n % 2 == 0);
+        Raster out(raster.size());
+        std::vector<int> rows;
+        SquareMean(raster.data(), out.data(), size.width, size.height, n,
+                   [&rows](int y) { rows.push_back(y); });
+        EXPECT_EQ(out, SlowSquareMean(raster, size, n))
+            << size.width << "x" << size.height << " N " << n;
+        EXPECT_EQ(static_cast<int>(rows.size()), size.height);
+      }
+    // All 255 with the largest square: the sums reach their highest, and
+    // the quotient must still come out whole.
+    const Size big{120, 110};
+    const Raster full(static_cast<size_t>(big.width) * big.height, 255);
+    Raster out(full.size());
+    SquareMean(full.data(), out.data(), big.width, big.height, 50, [](int) {});
+    EXPECT_EQ(out, full);
+  });
 }
 
 TEST(RasterFilters, RadiusOneMeansTheTwoByTwoSquareUpAndLeft) {
@@ -145,19 +163,21 @@ TEST(RasterFilters, RadiusOneMeansTheTwoByTwoSquareUpAndLeft) {
 }
 
 TEST(RasterFilters, MeanOfNineTruncates) {
-  std::mt19937 random(3);
-  for (const Size size : kSizes) {
-    const Raster raster = RandomRaster(size, random, false);
-    Raster out(raster.size());
-    Mean3x3(raster.data(), out.data(), size.width, size.height);
-    EXPECT_EQ(out, SlowMean3x3(raster, size)) << size.width << "x" << size.height;
-  }
-  // 8 x 255 + 254 = 2294: 254.88 truncates to 254.
-  Raster nine(9, 255);
-  nine[4] = 254;
-  Raster out(9);
-  Mean3x3(nine.data(), out.data(), 3, 3);
-  EXPECT_EQ(out[4], 254);
+  OnEachPath([] {
+    std::mt19937 random(3);
+    for (const Size size : kSizes) {
+      const Raster raster = RandomRaster(size, random, false);
+      Raster out(raster.size());
+      Mean3x3(raster.data(), out.data(), size.width, size.height);
+      EXPECT_EQ(out, SlowMean3x3(raster, size)) << size.width << "x" << size.height;
+    }
+    // 8 x 255 + 254 = 2294: 254.88 truncates to 254.
+    Raster nine(9, 255);
+    nine[4] = 254;
+    Raster out(9);
+    Mean3x3(nine.data(), out.data(), 3, 3);
+    EXPECT_EQ(out[4], 254);
+  });
 }
 
 TEST(RasterFilters, DitherOnlySwapsValues) {
