@@ -121,14 +121,20 @@ void ToggleRasterOutline(Canvas* canvas) {
                                     canvas->clientWidth, canvas->canvasWidth);
   const Span rows = VisibleLines(canvas, canvas->scrollY, ViewOriginY(canvas), canvas->clientHeight,
                                  canvas->canvasHeight);
-  const auto line = [canvas](int x0, int y0, int x1, int y1) {
-    selectionWindows.invertLine(canvas, OutlinePen::Current, ToView(canvas, x0), ToView(canvas, y0),
-                                ToView(canvas, x1), ToView(canvas, y1));
-  };
-  DrawRuns(edges.horizontal, rows, columns,
-           [&](const EdgeRun& run) { line(run.first, run.line, run.last + 1, run.line); });
-  DrawRuns(edges.vertical, columns, rows,
-           [&](const EdgeRun& run) { line(run.line, run.first, run.line, run.last + 1); });
+  // Every corner of the outline ends a horizontal run and a vertical one.
+  // Inverting it twice would clear it, so the horizontal runs take their
+  // corners (a line leaves out its last pixel: one more) and the vertical
+  // ones leave theirs out.
+  const auto view = [canvas](int v) { return ToView(canvas, v); };
+  DrawRuns(edges.horizontal, rows, columns, [&](const EdgeRun& run) {
+    const int y = view(run.line);
+    selectionWindows.invertLine(canvas, OutlinePen::Current, view(run.first), y,
+                                view(run.last + 1) + 1, y);
+  });
+  DrawRuns(edges.vertical, columns, rows, [&](const EdgeRun& run) {
+    const int x = view(run.line), y0 = view(run.first) + 1, y1 = view(run.last + 1);
+    if (y0 < y1) selectionWindows.invertLine(canvas, OutlinePen::Current, x, y0, x, y1);
+  });
 }
 
 void ResetRasterOutline() { cached = {}; }

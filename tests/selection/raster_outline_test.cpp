@@ -88,7 +88,9 @@ TEST_F(RasterOutlineTest, OnlyAShapelessRasterDrawsAndOnlyWhatTheViewShows) {
   canvas->selectionKind = kShapelessSelection;
   ToggleRasterOutline(canvas);
   EXPECT_EQ(lines.size(), 4u);
-  EXPECT_EQ(lines[0], (std::array<int, 4>{30, 20, 32, 20}));
+  // The top edge takes both its corners; the left edge leaves them out.
+  EXPECT_EQ(lines[0], (std::array<int, 4>{30, 20, 33, 20}));
+  EXPECT_EQ(lines[2], (std::array<int, 4>{30, 21, 30, 22}));
   // A view of 10 x 10 pixels at the top left shows none of it.
   lines.clear();
   canvas->clientWidth = canvas->clientHeight = 10;
@@ -103,7 +105,7 @@ TEST_F(RasterOutlineTest, OnlyAShapelessRasterDrawsAndOnlyWhatTheViewShows) {
   SelectionRasterChanged(canvas);
   ToggleRasterOutline(canvas);
   EXPECT_EQ(lines.size(), 4u);  // now the canvas's border
-  EXPECT_EQ(lines[0], (std::array<int, 4>{0, 0, 40, 0}));
+  EXPECT_EQ(lines[0], (std::array<int, 4>{0, 0, 41, 0}));
 }
 
 }  // namespace

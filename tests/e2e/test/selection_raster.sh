@@ -2,8 +2,8 @@
 # a selection leaves nothing selected, and the view darkens all over;
 # Fatten asks its radius in "Fatten Selection" and, with nothing to grow,
 # changes nothing; Blur Outside offers the same radius and its two ways of
-# blurring; a second
-# Invert selects everything and the white comes back.
+# blurring; a second Invert selects everything and the white comes back;
+# and a box fattened shows the outline of its raster.
 . "$(dirname "$0")/../lib.sh"
 
 white="255 255 255"
@@ -40,3 +40,25 @@ keys alt+s v
 shot_until 10 view_is "$white"
 keep_shot inverted-back
 expect_pixel $((vx + 190)) $((vy + 140)) "$white" "everything selected after a second Invert"
+
+# A box fattened by 3 loses its shape: the edges of its raster show as an
+# outline inverted over the picture, 3 pixels out from the box on every
+# side, and the old frame is gone from inside.
+send_command 20001
+drag "$((vx + 50)),$((vy + 40))" "$((vx + 100)),$((vy + 70))" "$((vx + 150)),$((vy + 100))"
+xdotool mousemove 5 5
+keys alt+s Down Down Down Down Return
+wait_for "$(dialog "Fatten Selection")"
+dialog_keys ctrl+a
+type_text 3
+answer "$(dialog "Fatten Selection")" Return
+fattened() {
+  pixel_is $((vx + 100)) $((vy + 37)) "0 0 0" && pixel_is $((vx + 47)) $((vy + 70)) "0 0 0" &&
+    pixel_is $((vx + 100)) $((vy + 40)) "$white"
+}
+shot_until 10 fattened
+keep_shot fattened-outline
+expect_pixel $((vx + 100)) $((vy + 37)) "0 0 0" "the outline's top edge"
+expect_pixel $((vx + 47)) $((vy + 70)) "0 0 0" "the outline's left edge"
+expect_pixel $((vx + 100)) $((vy + 40)) "$white" "where the box's frame was"
+expect_pixel $((vx + 20)) $((vy + 20)) "$dark" "outside the fattened box"
