@@ -8,10 +8,10 @@ set -euo pipefail
 cd "$(dirname "$0")/.."
 scripts/install-deps.sh python3 libpng-dev libopencv-imgproc-dev
 cmake -S . -B build -DCMAKE_BUILD_TYPE=RelWithDebInfo >/dev/null
-cmake --build build -j "$(nproc)" --target store_bench compose_bench redraw_bench resize_bench dab_bench file_bench seed_fill_bench
+cmake --build build -j "$(nproc)" --target store_bench compose_bench redraw_bench resize_bench dab_bench file_bench seed_fill_bench selection_bench
 out=$(mktemp -d)
 trap 'rm -rf "$out"' EXIT
-for bench in store_bench compose_bench redraw_bench resize_bench dab_bench file_bench seed_fill_bench; do
+for bench in store_bench compose_bench redraw_bench resize_bench dab_bench file_bench seed_fill_bench selection_bench; do
   echo "== $bench" >&2
   build/bench/$bench --benchmark_format=json --benchmark_out="$out/$bench.json" "$@" >/dev/null
 done

@@ -16,6 +16,7 @@
 #include "pixel/hsv.h"
 #include "resources/strings.h"
 #include "selection/draft_engine.h"
+#include "selection/raster_outline.h"
 #include "selection/pick_rows.h"
 #include "selection/selection_windows.h"
 #include "store/dib.h"
@@ -48,6 +49,7 @@ void RedrawBars() {
 }
 
 void Repaint(Canvas* canvas) {
+  SelectionRasterChanged(canvas);
   if (viewWindows.invalidate) viewWindows.invalidate(canvas);
 }
 

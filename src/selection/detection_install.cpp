@@ -6,6 +6,7 @@
 #include "base/command_registry.h"
 #include "display/pointer_routing.h"
 #include "selection/detect_selection.h"
+#include "selection/raster_outline.h"
 #include "selection/seed_fill.h"
 #include "selection/seed_source.h"
 #include "selection/shape_tool.h"
@@ -13,6 +14,7 @@
 void InstallDetection() {
   ShapeTool seedFill;
   seedFill.press = PressSeedFill;
+  seedFill.outline = ToggleRasterOutline;
   RegisterShapeTool(cmd::kSeedFill, seedFill);
   RegisterCanvasCommand(cmd::kDetectSelection,
                         [](Canvas* canvas, intptr_t) { OpenDetectSelection(canvas); });

@@ -5,6 +5,7 @@
 #include "selection/line_tool.h"
 #include "selection/path_tools.h"
 #include "selection/point_tools.h"
+#include "selection/raster_commands.h"
 #include "selection/rect_tools.h"
 
 void InstallSelection() {
@@ -14,4 +15,5 @@ void InstallSelection() {
   InstallLineTool();
   InstallPointTools();
   InstallPathTools();
+  InstallSelectionRaster();
 }

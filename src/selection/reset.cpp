@@ -5,6 +5,7 @@
 #include "selection/draft_engine.h"
 #include "selection/gesture.h"
 #include "selection/path_tools.h"
+#include "selection/raster_commands.h"
 #include "selection/selection_windows.h"
 #include "selection/shape_tool.h"
 
@@ -18,4 +19,5 @@ void ResetSelection() {
   draftAllowsHooks.Clear();
   ResetDetection();
   ResetPathTools();
+  ResetSelectionRaster();
 }

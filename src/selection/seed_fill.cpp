@@ -13,6 +13,7 @@
 #include "resources/strings.h"
 #include "selection/draft_engine.h"
 #include "selection/gesture.h"
+#include "selection/raster_outline.h"
 #include "selection/seed_source.h"
 
 namespace {
@@ -200,6 +201,7 @@ int SeedFill(Canvas* canvas, int x, int y, bool adding) {
   // Not adding, every row is written whole, 255 but for the marks.
   const Rect whole{0, 0, width - 1, height - 1};
   if (!adding || !extent.Empty()) WriteMarks(canvas, area, adding ? extent : whole, adding);
+  SelectionRasterChanged(canvas);
   const Rect box = adding ? whole : extent;
   canvas->selLeft = box.left, canvas->selTop = box.top;
   canvas->selRight = box.right, canvas->selBottom = box.bottom;

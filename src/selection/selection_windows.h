@@ -15,6 +15,7 @@
 
 #include "base/rect.h"
 #include "document/canvas.h"
+#include "selection/radius_dialog.h"
 
 // An event of a click tool's own message loop (polygon, connect line,
 // wire): the loop answers only these and drops everything else.
@@ -73,6 +74,9 @@ struct SelectionWindows {
   // The number dialog: a title, a range and the value shown, written back
   // on OK; 1 for OK.
   std::function<int(const std::string& title, int low, int high, int* value)> numberDialog;
+  // The radius dialog of that template (tsl_selmax, tsl_selmin,
+  // tsl_sellow), opened with the choice and writing it back on OK; 1 for OK.
+  std::function<int(const char* dialogTemplate, RadiusChoice* choice)> radiusDialog;
 };
 
 extern SelectionWindows selectionWindows;

@@ -15,6 +15,7 @@
 #include "layers/merge_layers.h"
 #include "platform/platform.h"
 #include "resources/strings.h"
+#include "selection/trim_selection.h"
 #include "shell/documents.h"
 #include "shell/shell_windows.h"
 
@@ -78,6 +79,10 @@ void DuplicateOnResizedCanvas() {
   if (RequestResizedCanvas(canvas, choice)) CreateDocument();
 }
 
+void TrimSelection() {
+  if (Canvas* canvas = ActiveCanvas(); canvas && RequestTrimmedCanvas(canvas)) CreateDocument();
+}
+
 }  // namespace
 
 void InstallLayerCommands() {
@@ -87,6 +92,7 @@ void InstallLayerCommands() {
   RegisterFrameCommand(cmd::kMakeRotatedDuplicate, [](intptr_t) { RotatedDuplicate(); });
   RegisterFrameCommand(cmd::kDuplicateOnResizedCanvas,
                        [](intptr_t) { DuplicateOnResizedCanvas(); });
+  RegisterFrameCommand(cmd::kTrimSelection, [](intptr_t) { TrimSelection(); });
   documentReleaseHooks.Add(ResizeCanvasGoing);
   layersTitleHooks.Add([](Canvas* canvas) {
     if (shellWindows.setTitle) shellWindows.setTitle(canvas, CanvasManager.TitleText(canvas));

@@ -9,6 +9,7 @@
 #include "selection/win/draft_cursors.h"
 #include "selection/win/number_dialog.h"
 #include "selection/win/outline_drawing.h"
+#include "selection/win/radius_dialog_win.h"
 
 namespace {
 
@@ -94,4 +95,5 @@ void InstallSelectionWindows() {
   w.postCommand = [](int id) { FrameCommand(id, true); };
   w.nextClickEvent = NextClickEvent;
   w.numberDialog = RunNumberDialog;
+  w.radiusDialog = RunRadiusDialog;
 }
