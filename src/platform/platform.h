@@ -124,6 +124,19 @@ bool MoveFileOver(const std::string& from, const std::string& to);
 // end with `suffix`, compared without case, in the order the system lists
 // them; the listing stops at its first failure.
 std::vector<std::string> ListFiles(const std::string& folder, const std::string& suffix);
+// Makes the folder (ending with a separator) unless it stands; false when
+// it isn't there afterwards.
+bool MakeFolder(const std::string& folder);
+// The folder of this user's own program data ("Tesel" in the system's
+// per-user application data), ending with a separator and made when
+// missing; empty when the system has none.
+std::string UserDataFolder();
+
+// The local time of the clock, to the second.
+struct LocalDateTime {
+  int year, month, day, hour, minute, second;
+};
+LocalDateTime LocalTime();
 
 // Shared libraries: the plug-ins. A library is loaded by its UTF-8 path for
 // one operation and unloaded at its end.

@@ -7,8 +7,9 @@
 #include "selection/point_tools.h"
 #include "selection/raster_commands.h"
 #include "selection/rect_tools.h"
+#include "selection/selection_file_commands.h"
 
-void InstallSelection() {
+void InstallSelection(const std::string& programFolder) {
   InstallDetection();
   InstallDraftRoutes();
   InstallRectTools();
@@ -16,4 +17,5 @@ void InstallSelection() {
   InstallPointTools();
   InstallPathTools();
   InstallSelectionRaster();
+  InstallSelectionFiles(programFolder);
 }

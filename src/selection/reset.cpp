@@ -6,6 +6,7 @@
 #include "selection/gesture.h"
 #include "selection/path_tools.h"
 #include "selection/raster_commands.h"
+#include "selection/selection_history.h"
 #include "selection/selection_windows.h"
 #include "selection/shape_tool.h"
 
@@ -20,4 +21,5 @@ void ResetSelection() {
   ResetDetection();
   ResetPathTools();
   ResetSelectionRaster();
+  historyFolder.clear();
 }

@@ -77,6 +77,17 @@ struct SelectionWindows {
   // The radius dialog of that template (tsl_selmax, tsl_selmin,
   // tsl_sellow), opened with the choice and writing it back on OK; 1 for OK.
   std::function<int(const char* dialogTemplate, RadiusChoice* choice)> radiusDialog;
+
+  // The Open (save false) or Save dialog for one kind of file: filter in
+  // the string table's form ("text/pattern/"), save adding extension to a
+  // name typed without one. True with the path chosen.
+  std::function<bool(bool save, const std::string& filter, const std::string& extension,
+                     std::string* path)>
+      fileDialog;
+  // The settings panel tsl_subopt shows when hidden and hides when shown.
+  std::function<void()> toggleSettingsPanel;
+  // The history's list, where a panel shows it, fills again.
+  std::function<void()> refillHistoryList;
 };
 
 extern SelectionWindows selectionWindows;

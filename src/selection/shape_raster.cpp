@@ -23,7 +23,9 @@ void ZeroSpan(Canvas* canvas, int y, int x0, int x1) {
 
 void RasterizeBox(Canvas* canvas, const Rect& box) {
   FillPlane(canvas, 1);
-  for (int y = box.top; y <= box.bottom; ++y) ZeroSpan(canvas, y, box.left, box.right);
+  // A box from a file may reach far beyond the canvas: only its rows run.
+  const int last = std::min(box.bottom, canvas->canvasHeight - 1);
+  for (int y = std::max(box.top, 0); y <= last; ++y) ZeroSpan(canvas, y, box.left, box.right);
 }
 
 void RasterizeEllipse(Canvas* canvas, const Rect& box) {

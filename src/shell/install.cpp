@@ -27,7 +27,7 @@ void InstallShell(const std::string& tempFolder) {
 void InstallSubsystems(const std::string& programFolder, const std::string& tempFolder) {
   InstallLayers();
   InstallPaint();
-  InstallSelection();
+  InstallSelection(programFolder);
   InstallAdjust();
   InstallFile(programFolder);
   InstallShell(tempFolder);

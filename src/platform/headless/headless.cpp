@@ -10,6 +10,7 @@
 #include <cerrno>
 #include <cstdlib>
 #include <cstring>
+#include <ctime>
 #include <filesystem>
 #include <random>
 
@@ -179,6 +180,26 @@ std::vector<std::string> ListFiles(const std::string& folder, const std::string&
       names.push_back(name);
   }
   return names;
+}
+
+bool MakeFolder(const std::string& folder) {
+  std::error_code error;
+  std::filesystem::create_directories(folder, error);
+  return std::filesystem::is_directory(folder, error);
+}
+
+std::string UserDataFolder() {
+  if (!state.userDataFolder.empty()) MakeFolder(state.userDataFolder);
+  return state.userDataFolder;
+}
+
+LocalDateTime LocalTime() {
+  if (state.localTime.year) return state.localTime;
+  const std::time_t now = std::time(nullptr);
+  std::tm local{};
+  localtime_r(&now, &local);
+  return {local.tm_year + 1900, local.tm_mon + 1, local.tm_mday,
+          local.tm_hour,        local.tm_min,     local.tm_sec};
 }
 
 LibraryHandle OpenLibrary(const std::string& path) {

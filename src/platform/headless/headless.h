@@ -53,6 +53,9 @@ struct State {
   int drains = 0;
   uint32_t tick = 0;               // TickCount(); moved only by BusyWait and tests
   std::vector<uint32_t> busyWaits;  // every wait, in order
+  // LocalTime() reads this when its year is set, else the real clock.
+  platform::LocalDateTime localTime{};
+  std::string userDataFolder;  // UserDataFolder(); empty: the system has none
 };
 
 // The recorded state; Reset() restores the start state.

@@ -5,6 +5,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <io.h>
+#include <shlobj.h>
 
 #include "platform/win32/win32_windows.h"
 
@@ -159,6 +160,27 @@ std::vector<std::string> ListFiles(const std::string& folder, const std::string&
   } while (FindNextFileW(search, &found));
   FindClose(search);
   return names;
+}
+
+bool MakeFolder(const std::string& folder) {
+  const std::wstring wide = Widen(folder);
+  CreateDirectoryW(wide.c_str(), nullptr);
+  const DWORD attributes = GetFileAttributesW(wide.c_str());
+  return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY);
+}
+
+std::string UserDataFolder() {
+  wchar_t path[MAX_PATH];
+  if (SHGetFolderPathW(nullptr, CSIDL_LOCAL_APPDATA | CSIDL_FLAG_CREATE, nullptr, 0, path) != S_OK)
+    return "";
+  const std::string folder = Narrow(path) + "\\Tesel\\";
+  return MakeFolder(folder) ? folder : "";
+}
+
+LocalDateTime LocalTime() {
+  SYSTEMTIME now;
+  GetLocalTime(&now);
+  return {now.wYear, now.wMonth, now.wDay, now.wHour, now.wMinute, now.wSecond};
 }
 
 LibraryHandle OpenLibrary(const std::string& path) {

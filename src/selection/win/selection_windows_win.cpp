@@ -10,6 +10,7 @@
 #include "selection/win/number_dialog.h"
 #include "selection/win/outline_drawing.h"
 #include "selection/win/radius_dialog_win.h"
+#include "selection/win/selection_files_win.h"
 
 namespace {
 
@@ -96,4 +97,6 @@ void InstallSelectionWindows() {
   w.nextClickEvent = NextClickEvent;
   w.numberDialog = RunNumberDialog;
   w.radiusDialog = RunRadiusDialog;
+  InstallSelectionFileDialog();
+  InstallSettingsPanel();
 }

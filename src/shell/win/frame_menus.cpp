@@ -7,6 +7,7 @@
 #include "platform/win32/win32_windows.h"
 #include "base/command_ids.h"
 #include "shell/history_menu.h"
+#include "settings/settings.h"
 #include "shell/win/shell_globals.h"
 
 namespace {
@@ -55,6 +56,7 @@ MenuFlags CurrentMenuFlags() {
   MenuFlags flags;
   flags.clipboardHasImage =
       IsClipboardFormatAvailable(CF_DIB) || IsClipboardFormatAvailable(CF_BITMAP);
+  flags.settingsPanelOpen = settings.settingsPanelOpen != 0;
   return flags;
 }
 
