@@ -9,14 +9,24 @@
 
 namespace {
 
-// Zeros over columns x0..x1 of row y, clipped to the raster.
-void ZeroSpan(Canvas* canvas, int y, int x0, int x1) {
-  x0 = std::max(x0, 0);
-  x1 = std::min(x1, canvas->canvasWidth - 1);
+// Zeros over columns x0..x1 of row y, clipped to the raster. The shapes of
+// a file may lie anywhere, so the arithmetic is wider than the canvas's.
+void ZeroSpan(Canvas* canvas, int64_t y, int64_t x0, int64_t x1) {
+  x0 = std::max<int64_t>(x0, 0);
+  x1 = std::min<int64_t>(x1, canvas->canvasWidth - 1);
   if (y < 0 || y >= canvas->canvasHeight || x1 < x0) return;
   static std::vector<uint8_t> zeros;
   if (zeros.size() < static_cast<size_t>(x1 - x0 + 1)) zeros.resize(x1 - x0 + 1, 0);
-  WriteSelectionRow(canvas, y, x0, x1, zeros.data());
+  WriteSelectionRow(canvas, static_cast<int>(y), static_cast<int>(x0), static_cast<int>(x1),
+                    zeros.data());
+}
+
+// A point's coordinate as the integer it truncates to; beyond what an int
+// holds it stops at the limit.
+int Truncated(float value) {
+  if (!(value > -2147483648.0f)) return INT_MIN;
+  if (value >= 2147483648.0f) return INT_MAX;
+  return static_cast<int>(value);
 }
 
 }  // namespace
@@ -29,18 +39,24 @@ void RasterizeBox(Canvas* canvas, const Rect& box) {
 }
 
 void RasterizeEllipse(Canvas* canvas, const Rect& box) {
-  const int w = box.right - box.left + 1, h = box.bottom - box.top + 1;
-  const int cx = (box.left + box.right) / 2, cy = (box.top + box.bottom) / 2;
-  const int R = std::max(w, h) & ~1, r = R / 2;
+  const int64_t w = int64_t(box.right) - box.left + 1, h = int64_t(box.bottom) - box.top + 1;
+  const int64_t cx = (int64_t(box.left) + box.right) / 2, cy = (int64_t(box.top) + box.bottom) / 2;
+  const int64_t R = std::max(w, h) & ~int64_t(1), r = R / 2;
   FillPlane(canvas, 1);
-  int x = 0, y = r, e = 2 - R;
+  // The walk keeps within a pixel of the box (the centre rounds toward
+  // zero), so a box farther off the canvas writes nothing.
+  constexpr int kReach = 2;
+  if (box.right < -kReach || box.bottom < -kReach || box.left >= canvas->canvasWidth + kReach ||
+      box.top >= canvas->canvasHeight + kReach)
+    return;
+  int64_t x = 0, y = r, e = 2 - R;
   for (;;) {
     if (w > h) {
-      const int dy = y * h / std::max(w, 1);
+      const int64_t dy = y * h / std::max<int64_t>(w, 1);
       ZeroSpan(canvas, cy + dy, cx - x, cx + x);
       ZeroSpan(canvas, cy - dy, cx - x, cx + x);
     } else {
-      const int dx = x * w / std::max(h, 1);
+      const int64_t dx = x * w / std::max<int64_t>(h, 1);
       ZeroSpan(canvas, cy + y, cx - dx, cx + dx);
       ZeroSpan(canvas, cy - y, cx - dx, cx + dx);
     }
@@ -70,16 +86,16 @@ void RasterizePolygon(Canvas* canvas, int count) {
   std::vector<Edge> edges;
   int minX = INT_MAX, minY = INT_MAX, maxX = INT_MIN, maxY = INT_MIN;
   for (int i = 0; i < count; ++i) {
-    const int x = static_cast<int>(canvas->draftPoints[i][0]);
-    const int y = static_cast<int>(canvas->draftPoints[i][1]);
+    const int x = Truncated(canvas->draftPoints[i][0]);
+    const int y = Truncated(canvas->draftPoints[i][1]);
     minX = std::min(minX, x), maxX = std::max(maxX, x);
     minY = std::min(minY, y), maxY = std::max(maxY, y);
     if (i == 0) continue;
-    const int x0 = static_cast<int>(canvas->draftPoints[i - 1][0]);
-    const int y0 = static_cast<int>(canvas->draftPoints[i - 1][1]);
+    const int x0 = Truncated(canvas->draftPoints[i - 1][0]);
+    const int y0 = Truncated(canvas->draftPoints[i - 1][1]);
     // A horizontal edge keeps no crossing.
     if (y == y0) continue;
-    const float slope = static_cast<float>(x - x0) / static_cast<float>(y - y0);
+    const float slope = static_cast<float>(int64_t(x) - x0) / static_cast<float>(int64_t(y) - y0);
     const float intercept = static_cast<float>(x0) - static_cast<float>(y0) * slope;
     edges.push_back({std::min(y0, y), std::max(y0, y), slope, intercept});
   }
@@ -93,7 +109,7 @@ void RasterizePolygon(Canvas* canvas, int count) {
       // edge belongs to the area.
       if ((edge.lowY <= y && edge.highY > y) || (y == maxY && edge.highY == maxY)) {
         const float x = edge.slope * static_cast<float>(y) + edge.intercept;
-        crossings.push_back(static_cast<int>(x));
+        crossings.push_back(Truncated(x));
       }
     }
     // Even-odd: the pairs in ascending order.

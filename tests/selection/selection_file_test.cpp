@@ -165,6 +165,29 @@ TEST_F(SelectionFileTest, BezierFileHoldsThePathAndTheCommitBoxesAnOpenOne) {
   EXPECT_EQ(Draft.selectedNode, -1);
 }
 
+TEST_F(SelectionFileTest, ShapesFarBeyondTheCanvasAreClipped) {
+  Canvas* canvas = MakeBlank(4, 3);
+  const std::vector<int> all(4, 0), none(4, 255);
+  auto load = [&](int kind, int32_t l, int32_t t, int32_t r, int32_t b) {
+    std::vector<uint8_t> bytes(40988, 0);
+    Put(&bytes, 0, kind), Put(&bytes, 4, l), Put(&bytes, 8, t), Put(&bytes, 12, r),
+        Put(&bytes, 16, b);
+    // A triangle through the far corners of the plane of words.
+    const int32_t points[] = {INT32_MIN, INT32_MIN, INT32_MAX, 0,
+                              0,         INT32_MAX, INT32_MIN, INT32_MIN};
+    for (int i = 0; i < 8; ++i) Put(&bytes, 20 + 4 * i, points[i]);
+    Put(&bytes, 40984, 4);
+    folder.Write("far.tss", bytes);
+    ASSERT_EQ(LoadSelection(folder / "far.tss", canvas), 1);
+  };
+  load(cmd::kSelectionBox, INT32_MIN, INT32_MIN, INT32_MAX, INT32_MAX);
+  EXPECT_EQ(Raster(canvas), (std::vector<std::vector<int>>{all, all, all}));
+  load(cmd::kSelectionCircle, 1000000000, 5, 1000000010, 7);
+  EXPECT_EQ(Raster(canvas), (std::vector<std::vector<int>>{none, none, none}));
+  load(cmd::kSelectionPolygon, 0, 0, 0, 0);
+  EXPECT_EQ(SelectionBox(canvas), (Rect{INT32_MIN, INT32_MIN, INT32_MAX, INT32_MAX}));
+}
+
 TEST_F(SelectionFileTest, RefusalsLeaveNoFile) {
   Canvas* canvas = MakeBlank(8, 8);
   // Everything selected: nothing to save, and that is no failure.
