@@ -29,6 +29,19 @@ int Truncated(float value) {
   return static_cast<int>(value);
 }
 
+// The ellipse's walk takes a step per pixel of its radius. A box far larger
+// than any picture, which only a file can hold, is held to this side around
+// its centre, so that loading one costs milliseconds rather than minutes.
+constexpr int64_t kMaxEllipseSide = int64_t(1) << 20;
+
+// The box's side from first to last, held to kMaxEllipseSide around its centre.
+void HoldSide(int* first, int* last) {
+  if (int64_t(*last) - *first < kMaxEllipseSide) return;
+  const int64_t centre = (int64_t(*first) + *last) / 2;
+  *first = static_cast<int>(centre - kMaxEllipseSide / 2);
+  *last = static_cast<int>(centre + kMaxEllipseSide / 2 - 1);
+}
+
 }  // namespace
 
 void RasterizeBox(Canvas* canvas, const Rect& box) {
@@ -38,7 +51,10 @@ void RasterizeBox(Canvas* canvas, const Rect& box) {
   for (int y = std::max(box.top, 0); y <= last; ++y) ZeroSpan(canvas, y, box.left, box.right);
 }
 
-void RasterizeEllipse(Canvas* canvas, const Rect& box) {
+void RasterizeEllipse(Canvas* canvas, const Rect& shape) {
+  Rect box = shape;
+  HoldSide(&box.left, &box.right);
+  HoldSide(&box.top, &box.bottom);
   const int64_t w = int64_t(box.right) - box.left + 1, h = int64_t(box.bottom) - box.top + 1;
   const int64_t cx = (int64_t(box.left) + box.right) / 2, cy = (int64_t(box.top) + box.bottom) / 2;
   const int64_t R = std::max(w, h) & ~int64_t(1), r = R / 2;

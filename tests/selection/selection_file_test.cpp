@@ -182,6 +182,9 @@ TEST_F(SelectionFileTest, ShapesFarBeyondTheCanvasAreClipped) {
   };
   load(cmd::kSelectionBox, INT32_MIN, INT32_MIN, INT32_MAX, INT32_MAX);
   EXPECT_EQ(Raster(canvas), (std::vector<std::vector<int>>{all, all, all}));
+  // An ellipse round the whole plane of words covers the canvas at once.
+  load(cmd::kSelectionCircle, INT32_MIN, INT32_MIN, INT32_MAX, INT32_MAX);
+  EXPECT_EQ(Raster(canvas), (std::vector<std::vector<int>>{all, all, all}));
   load(cmd::kSelectionCircle, 1000000000, 5, 1000000010, 7);
   EXPECT_EQ(Raster(canvas), (std::vector<std::vector<int>>{none, none, none}));
   load(cmd::kSelectionPolygon, 0, 0, 0, 0);
