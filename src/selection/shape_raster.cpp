@@ -32,7 +32,7 @@ int Truncated(float value) {
 // The ellipse's walk takes a step per pixel of its radius. A box far larger
 // than any picture, which only a file can hold, is held to this side around
 // its centre, so that loading one costs milliseconds rather than minutes.
-constexpr int64_t kMaxEllipseSide = int64_t(1) << 20;
+constexpr int64_t kMaxEllipseSide = int64_t(1) << 16;
 
 // The box's side from first to last, held to kMaxEllipseSide around its centre.
 void HoldSide(int* first, int* last) {
