@@ -132,6 +132,8 @@ INT_PTR CALLBACK PanelProc(HWND window, UINT message, WPARAM wParam, LPARAM) {
       return TRUE;
     }
     case WM_MOVE: {
+      // Moves while the dialog is being made come before its saved place.
+      if (window != panel) return FALSE;
       RECT place;
       GetWindowRect(window, &place);
       settings.settingsPanelPosition = Halves(place.left, place.top);
