@@ -25,8 +25,6 @@ wait_for "$PANEL"
 has_window '^1 SysTabControl32#1000 ' || fail "the panel has no tabs"
 read -r lx ly _ _ <<<"$(screen_rect '^2 ListBox#100 ')"
 [ -n "$lx" ] || fail "the Selection History page has no list"
-shot
-keep_shot panel
 xdotool mousemove $((lx + 20)) $((ly + 6)) click 1
 
 shows_box() {
@@ -34,11 +32,11 @@ shows_box() {
 }
 renamed() { [ ! -e "$DIST/selhist/20200101000000_0003.hst" ] && ls "$DIST/selhist" | grep -Eq '^20[0-9]{12}_0003\.hst$'; }
 wait_until 10 renamed
+
+# F7 again hides the panel, and the view shows the recalled box.
+keys F7
+wait_gone "$PANEL"
 xdotool mousemove 5 5
 shot_until 10 shows_box
 keep_shot recalled
 shows_box || fail "the recalled box does not show: inside $(pixel $((vx + 60)) $((vy + 55))), outside $(pixel $((vx + 10)) $((vy + 10)))"
-
-# F7 again hides the panel.
-keys F7
-wait_gone "$PANEL"
