@@ -3,13 +3,7 @@
 #include <cstring>
 
 #include "settings/pen_tool_state.h"
-
-namespace {
-
-// A word of two 16-bit halves: low half first.
-int32_t Halves(int32_t low, int32_t high) { return (high << 16) | low; }
-
-}  // namespace
+#include "settings/word_halves.h"
 
 void DefaultSettings(Settings& record) {
   std::memset(&record, 0, sizeof record);

@@ -9,6 +9,7 @@
 #include "platform/platform.h"
 #include "resources/strings.h"
 #include "settings/settings.h"
+#include "settings/word_halves.h"
 #include "base/command_ids.h"
 #include "shell/command_routing.h"
 #include "shell/settings_files.h"
@@ -28,10 +29,6 @@ constexpr int kStringSaveChanges = 1404;
 
 std::vector<Canvas*> openDocuments;
 Canvas* activeDocument = nullptr;
-
-int32_t Halves(int low, int high) {
-  return static_cast<int32_t>((static_cast<uint32_t>(high) << 16) | (low & 0xFFFF));
-}
 
 }  // namespace
 

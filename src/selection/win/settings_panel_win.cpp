@@ -17,6 +17,7 @@
 #include "selection/win/selection_file_ids.h"
 #include "selection/win/selection_files_win.h"
 #include "settings/settings.h"
+#include "settings/word_halves.h"
 
 namespace {
 
@@ -26,13 +27,6 @@ HWND panel = nullptr;
 HWND historyPage = nullptr;
 // The files behind the list's rows, in their order.
 std::vector<std::string> rowNames;
-
-int LowHalf(int32_t word) { return static_cast<int16_t>(word & 0xFFFF); }
-int HighHalf(int32_t word) { return static_cast<int16_t>(static_cast<uint32_t>(word) >> 16); }
-int32_t Halves(int low, int high) {
-  return static_cast<int32_t>((static_cast<uint32_t>(high) << 16) |
-                              (static_cast<uint32_t>(low) & 0xFFFF));
-}
 
 HWND HistoryList() { return GetDlgItem(historyPage, IDC_SELHIST_LIST); }
 
