@@ -14,11 +14,10 @@
 #include "selection/draft.h"
 #include "selection/draft_engine.h"
 #include "selection/gesture.h"
+#include "selection/selection_windows.h"
 #include "store/dib.h"
 
 namespace {
-
-constexpr uint32_t kWmCommand = 0x0111;
 
 // Form A: the box after the kind, the points, a reserved word, the count.
 constexpr size_t kPointsAt = 20;
@@ -213,8 +212,8 @@ int LoadSelection(const std::string& path, Canvas* canvas) {
     CommitShape(canvas, 0, 1);
   }
   std::fclose(file);
-  if (!ShiftHeld() && HasShapeTool(kind))
-    platform::SendToWindow(platform::Window::Frame, kWmCommand, kind, 0);
+  if (!ShiftHeld() && HasShapeTool(kind) && selectionWindows.sendCommand)
+    selectionWindows.sendCommand(kind);
   draftAllowsHooks.Run();
   return 1;
 }

@@ -377,3 +377,14 @@ red_pen() {
   xdotool mousemove "$hx" "$hy" click 1
   sleep 0.3
 }
+
+# A selection file of the box "<left> <top> <right> <bottom>" to stdout,
+# laid out by hand: kind 20001 and the box as little-endian words, then
+# the points and their count, all zero, to the fixed size of 40,988 bytes.
+box_selection_file() {
+  local word b
+  for word in 20001 "$@"; do
+    for b in 0 8 16 24; do printf "\\x$(printf %02x $(((word >> b) & 255)))"; done
+  done
+  head -c 40968 /dev/zero
+}

@@ -32,7 +32,7 @@ class DraftTest : public TeselTest {
   void SetUp() override {
     TeselTest::SetUp();
     settings.workBuffer = Physical;
-    InstallSelection();
+    InstallSelection("");  // no program folder: no history is kept
     canvas = MakeBlank(40, 30);
     viewWindows.pointer = [this](Canvas*) { return PointerState{at.x, at.y, at.x, at.y, 1}; };
     viewWindows.buttonHeld = [this](PointerButton) {

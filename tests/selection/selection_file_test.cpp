@@ -13,12 +13,11 @@
 #include "selection/draft.h"
 #include "selection/draft_engine.h"
 #include "selection/selection_file.h"
+#include "selection/selection_windows.h"
 #include "support/fixture.h"
 #include "support/temp_folder.h"
 
 namespace {
-
-constexpr uint32_t kWmCommand = 0x0111;
 
 void Put(std::vector<uint8_t>* bytes, size_t at, int32_t value) {
   std::memcpy(bytes->data() + at, &value, 4);
@@ -26,6 +25,10 @@ void Put(std::vector<uint8_t>* bytes, size_t at, int32_t value) {
 
 class SelectionFileTest : public TeselTest {
  protected:
+  void SetUp() override {
+    TeselTest::SetUp();
+    selectionWindows.sendCommand = [this](int id) { commands.push_back(id); };
+  }
   void Shape(Canvas* canvas, int kind, int l, int t, int r, int b) {
     canvas->selectionKind = kind;
     canvas->selLeft = l, canvas->selTop = t, canvas->selRight = r, canvas->selBottom = b;
@@ -40,12 +43,8 @@ class SelectionFileTest : public TeselTest {
     }
     return rows;
   }
-  std::vector<intptr_t> CommandsToFrame() {
-    std::vector<intptr_t> ids;
-    for (const auto& m : headless::MessagesTo(platform::Window::Frame, kWmCommand))
-      ids.push_back(m.wParam);
-    return ids;
-  }
+  // The commands sent to the frame.
+  std::vector<int> commands;
   TempFolder folder;
 };
 
@@ -77,11 +76,11 @@ TEST_F(SelectionFileTest, BoxFileHoldsTheShapeAndRebuildsItOnAnotherCanvas) {
   const std::vector<int> outside(6, 255), right{255, 255, 255, 0, 0, 0};
   EXPECT_EQ(Raster(other),
             (std::vector<std::vector<int>>{outside, outside, outside, outside, right}));
-  EXPECT_EQ(CommandsToFrame(), std::vector<intptr_t>{cmd::kSelectionBox});
+  EXPECT_EQ(commands, std::vector<int>{cmd::kSelectionBox});
 
   headless::Recorded().pointer.keysDown = {platform::VkShift};
   ASSERT_EQ(LoadSelection(folder / "box.tss", other), 1);
-  EXPECT_EQ(CommandsToFrame().size(), 1u);
+  EXPECT_EQ(commands.size(), 1u);
 }
 
 TEST_F(SelectionFileTest, SeedFillFileCarriesTheRasterAsABottomUpDib) {
@@ -112,7 +111,7 @@ TEST_F(SelectionFileTest, SeedFillFileCarriesTheRasterAsABottomUpDib) {
   EXPECT_EQ(Raster(other),
             (std::vector<std::vector<int>>{
                 {1, 2, 3, 4}, {10, 20, 30, 40}, {255, 0, 255, 0}, {0, 0, 0, 0}, {0, 0, 0, 0}}));
-  EXPECT_TRUE(CommandsToFrame().empty());
+  EXPECT_TRUE(commands.empty());
   EXPECT_TRUE(headless::Recorded().boxes.empty());
 
   // Cut inside the bottom row (the first stored): "dib error", and what
@@ -155,7 +154,7 @@ TEST_F(SelectionFileTest, BezierFileHoldsThePathAndTheCommitBoxesAnOpenOne) {
   EXPECT_EQ(Draft.selectedNode, 1);
   EXPECT_EQ(Draft.nodes[2].c2y, 12);
   EXPECT_EQ(SelectionBox(other), (Rect{4, 3, 12, 15}));
-  EXPECT_EQ(CommandsToFrame(), std::vector<intptr_t>{cmd::kBezier});
+  EXPECT_EQ(commands, std::vector<int>{cmd::kBezier});
 
   // Counts beyond the table are held to it.
   Put(&expected, 122884, 900000), Put(&expected, 122896, 7000);
@@ -216,7 +215,7 @@ TEST_F(SelectionFileTest, RefusalsLeaveNoFile) {
   Put(&stray, 0, cmd::kSaveSelection);
   folder.Write("stray.tss", stray);
   EXPECT_EQ(LoadSelection(folder / "stray.tss", canvas), 1);
-  EXPECT_TRUE(headless::MessagesTo(platform::Window::Frame, kWmCommand).empty());
+  EXPECT_TRUE(commands.empty());
 }
 
 }  // namespace

@@ -1,24 +1,37 @@
-# A selection loaded from a ".TSS" file through Load Selection... and its
-# file dialog darkens what lies outside the box; Save Selection... writes
-# the same bytes back under a name typed without an extension; and that
-# file brings the box onto another picture.
+# A box dragged with the box tool is saved through Save Selection... and
+# its file dialog as a ".TSS" file of its kind and corners; after Deselect,
+# Load Selection... brings its outline back. A file laid out by hand loads
+# too, darkening what lies outside its box; saved again it gives the same
+# bytes, and it brings the box onto another picture, clipped.
 . "$(dirname "$0")/../lib.sh"
 
-# A little-endian 32-bit word as bytes.
-word() {
-  local b
-  for b in 0 8 16 24; do printf "\\x$(printf %02x $((($1 >> b) & 255)))"; done
-}
-# The box (20, 30) - (99, 79), laid out by hand: kind, box, then the points
-# and their count, all zero, to the fixed size of 40,988 bytes.
-{
-  word 20001
-  word 20
-  word 30
-  word 99
-  word 79
-  head -c 40968 /dev/zero
-} >"$DIST/box.tss"
+open_picture 200 150
+send_command 20001
+drag "$((vx + 50)),$((vy + 40))" "$((vx + 100)),$((vy + 70))" "$((vx + 150)),$((vy + 100))"
+xdotool mousemove 5 5
+outlined() { pixel_is $((vx + 100)) $((vy + 40)) "0 0 0" && pixel_is $((vx + 150)) $((vy + 85)) "0 0 0"; }
+shot_until 10 outlined
+outlined || fail "no outline on the dragged box"
+keys ctrl+q
+enter_name "$SAVE_AS" "$FOLDER\\drawn"
+wait_until 20 test -s "$DIST/drawn.tss"
+[ "$(stat -c %s "$DIST/drawn.tss")" -eq 40988 ] || fail "the box's file is $(stat -c %s "$DIST/drawn.tss") bytes"
+for field in "0 20001" "4 50" "8 40" "12 150" "16 100"; do
+  [ "$(word_at "$DIST/drawn.tss" "${field% *}")" = "${field#* }" ] ||
+    fail "word ${field% *} of the box's file is $(word_at "$DIST/drawn.tss" "${field% *}"), not ${field#* }"
+done
+send_command 20500
+unmarked() { pixel_is $((vx + 100)) $((vy + 40)) "255 255 255"; }
+shot_until 10 unmarked
+unmarked || fail "Deselect left the outline"
+keys ctrl+e
+enter_name "$OPEN" "$FOLDER\\drawn.tss"
+xdotool mousemove 5 5
+shot_until 10 outlined
+keep_shot reloaded
+outlined || fail "Load Selection did not bring the box back"
+
+box_selection_file 20 30 99 79 >"$DIST/box.tss"
 
 # Inside the box the picture stays white; outside it is darkened.
 shows_box() {
@@ -32,7 +45,10 @@ expect_box() {
   shows_box || fail "the view does not show the box ($1): inside $(pixel $((vx + 60)) $((vy + 55))), outside $(pixel $((vx + 10)) $((vy + 10)))"
 }
 
-open_picture 200 150
+# A second picture for the file laid out by hand.
+new_document 180 140
+wait_view 180x140
+read -r vx vy _ _ <<<"$(screen_rect "${VIEW}\"\" 180x140 ")"
 keys ctrl+e
 enter_name "$OPEN" "$FOLDER\\box.tss"
 expect_box loaded

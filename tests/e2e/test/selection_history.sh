@@ -3,20 +3,9 @@
 # it darkens) and renames its file to the present time, its number kept.
 . "$(dirname "$0")/../lib.sh"
 
-word() {
-  local b
-  for b in 0 8 16 24; do printf "\\x$(printf %02x $((($1 >> b) & 255)))"; done
-}
 # An entry of an earlier session: the box (20, 30) - (99, 79), number 3.
 mkdir -p "$DIST/selhist"
-{
-  word 20001
-  word 20
-  word 30
-  word 99
-  word 79
-  head -c 40968 /dev/zero
-} >"$DIST/selhist/20200101000000_0003.hst"
+box_selection_file 20 30 99 79 >"$DIST/selhist/20200101000000_0003.hst"
 
 open_picture 200 150
 keys F7
