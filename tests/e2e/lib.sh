@@ -388,3 +388,15 @@ box_selection_file() {
   done
   head -c 40968 /dev/zero
 }
+
+# A fresh 200 x 150 picture with a box dragged by the box tool from view
+# (50, 40) to (150, 100); `outlined` answers whether its outline shows on
+# the last screenshot.
+outlined() { pixel_is $((vx + 100)) $((vy + 40)) "0 0 0" && pixel_is $((vx + 150)) $((vy + 85)) "0 0 0"; }
+boxed_picture() {
+  open_picture 200 150
+  send_command 20001
+  drag "$((vx + 50)),$((vy + 40))" "$((vx + 100)),$((vy + 70))" "$((vx + 150)),$((vy + 100))"
+  xdotool mousemove 5 5
+  shot_until 10 outlined
+}

@@ -3,12 +3,7 @@
 # and the outline stays whole through the stroke's repaints.
 . "$(dirname "$0")/../lib.sh"
 
-open_picture 200 150
-send_command 20001
-drag "$((vx + 50)),$((vy + 40))" "$((vx + 100)),$((vy + 70))" "$((vx + 150)),$((vy + 100))"
-xdotool mousemove 5 5
-outlined() { pixel_is $((vx + 100)) $((vy + 40)) "0 0 0" && pixel_is $((vx + 150)) $((vy + 85)) "0 0 0"; }
-shot_until 10 outlined
+boxed_picture
 keep_shot box-outline
 outlined || fail "no outline on the box's edges"
 # The outline alone: nothing dark off its frame and pegs.

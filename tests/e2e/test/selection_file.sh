@@ -5,12 +5,7 @@
 # bytes, and it brings the box onto another picture, clipped.
 . "$(dirname "$0")/../lib.sh"
 
-open_picture 200 150
-send_command 20001
-drag "$((vx + 50)),$((vy + 40))" "$((vx + 100)),$((vy + 70))" "$((vx + 150)),$((vy + 100))"
-xdotool mousemove 5 5
-outlined() { pixel_is $((vx + 100)) $((vy + 40)) "0 0 0" && pixel_is $((vx + 150)) $((vy + 85)) "0 0 0"; }
-shot_until 10 outlined
+boxed_picture
 outlined || fail "no outline on the dragged box"
 keys ctrl+q
 enter_name "$SAVE_AS" "$FOLDER\\drawn"
