@@ -7,8 +7,15 @@
 #include "document/canvas_rows.h"
 #include "document/canvas_slots.h"
 
+namespace {
+uint64_t revision = 0;
+}
+
+uint64_t SelectionRevision() { return revision; }
+
 int EnsurePlane(Canvas* canvas, int force) {
   if (canvas->selectionPlane && !force) return 1;
+  ++revision;
   PlaneStore.FreePlane(&canvas->selectionPlane);
   canvas->selectionPlane =
       PlaneStore.CreatePlane(canvas->canvasWidth, canvas->canvasHeight, 8, 0, 1, Physical);
@@ -16,6 +23,7 @@ int EnsurePlane(Canvas* canvas, int force) {
 }
 
 void FillPlane(Canvas* canvas, int outside) {
+  ++revision;
   if (canvas->selectionPlane) ::FillPlane(canvas->selectionPlane, outside ? 255 : 0);
 }
 
@@ -26,6 +34,7 @@ void ReadSelectionRow(Canvas* canvas, int y, int x0, int x1, uint8_t* out) {
 }
 
 void WriteSelectionRow(Canvas* canvas, int y, int x0, int x1, const uint8_t* in) {
+  ++revision;
   if (canvas->selectionPlane && x1 >= x0) WritePlaneSpan(canvas->selectionPlane, y, x0, x1, in);
 }
 

@@ -27,6 +27,11 @@ void ReadSelectionRow(Canvas* canvas, int y, int x0, int x1, uint8_t* out);
 void WriteSelectionRow(Canvas* canvas, int y, int x0, int x1, const uint8_t* in);
 uint8_t ReadSelectionPixel(Canvas* canvas, int x, int y);
 
+// Counts every change made through the service above (a new raster, a
+// fill, a row written), so that what is worked out from a raster can tell
+// that it is stale.
+uint64_t SelectionRevision();
+
 // The extent of the values below 255; with none, left and top stand at
 // INT32_MAX and right and bottom at INT32_MIN. Without a raster, the canvas.
 Rect SelectionBounds(Canvas* canvas);

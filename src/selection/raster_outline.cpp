@@ -17,6 +17,7 @@ constexpr uint8_t kSelectedBelow = 128;
 struct CachedEdges {
   const Canvas* canvas = nullptr;
   const Plane* plane = nullptr;
+  uint64_t revision = 0;
   RasterEdges edges;
 };
 CachedEdges cached;
@@ -33,10 +34,12 @@ void CloseRun(std::vector<EdgeRun>& runs, int line, int& first, int x) {
 }
 
 const RasterEdges& CurrentEdges(Canvas* canvas) {
-  if (cached.canvas != canvas || cached.plane != canvas->selectionPlane) {
+  if (cached.canvas != canvas || cached.plane != canvas->selectionPlane ||
+      cached.revision != SelectionRevision()) {
     cached.edges = EdgesOf(canvas);
     cached.canvas = canvas;
     cached.plane = canvas->selectionPlane;
+    cached.revision = SelectionRevision();
   }
   return cached.edges;
 }
