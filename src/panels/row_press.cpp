@@ -2,9 +2,11 @@
 
 #include "document/canvas_manager.h"
 #include "document/canvas_slots.h"
+#include "layers/layer_command.h"
 #include "panels/layer_rows.h"
 #include "platform/platform.h"
 #include "resources/strings.h"
+#include "selection/draft.h"
 
 namespace {
 
@@ -18,6 +20,8 @@ bool ValidRow(const Canvas* canvas, int row) {
 }
 
 }  // namespace
+
+bool RowPressRefused() { return colorAdjustOwnsPointer || Draft.active > 0; }
 
 RowRelease ReleaseRow(Canvas* canvas, int from, int to) {
   if (!ValidRow(canvas, from) || !ValidRow(canvas, to)) return RowRelease::Nothing;

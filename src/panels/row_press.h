@@ -4,6 +4,10 @@
 
 #include "document/canvas.h"
 
+// A press on a row does nothing while a colour-adjust window or an object
+// on the picture (Edit Bezier's frame, a floating piece) holds the pointer.
+bool RowPressRefused();
+
 // What became of a press of row `from` released over row `to`.
 enum class RowRelease {
   Nothing,       // released off the rows

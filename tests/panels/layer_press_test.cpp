@@ -2,7 +2,9 @@
 
 #include "document/canvas_fixture.h"
 #include "panels/layer_menus.h"
+#include "layers/layer_command.h"
 #include "panels/row_press.h"
+#include "selection/draft.h"
 
 namespace {
 
@@ -32,6 +34,14 @@ TEST_F(LayerPress, ReleaseWithinALayerSelectsWhereThePressBegan) {
   EXPECT_EQ(RowRelease::Nothing, ReleaseRow(canvas, 9, 13));  // no plane there
   EXPECT_EQ(9, canvas->activePlane);
   EXPECT_TRUE(BoxTexts().empty());
+  // No press is taken while Edit Bezier's frame or a colour-adjust window
+  // holds the pointer.
+  EXPECT_FALSE(RowPressRefused());
+  Draft.active = 1;
+  EXPECT_TRUE(RowPressRefused());
+  Draft.active = 0;
+  colorAdjustOwnsPointer = true;
+  EXPECT_TRUE(RowPressRefused());
 }
 
 TEST_F(LayerPress, ReleaseOnAnotherLayerMovesItUnlessSmoothZoomOrTheBaseSizeForbids) {

@@ -192,7 +192,7 @@ void Outline(HWND row) {
 // Follows the pointer while the left button is held, outlining the row
 // under it; then the release decides.
 void DragRow(HWND row) {
-  if (colorAdjustOwnsPointer) return;
+  if (RowPressRefused()) return;
   Canvas* canvas = ActiveCanvas();
   const int from = PlaneOfRow(row, canvas);
   if (from < 0) return;
