@@ -1,4 +1,5 @@
-// The kernels compiled for AVX2: everything defined below the pragma,
+// The kernels compiled for AVX2: everything defined below the pragma (in
+// either compiler's form, since the fuzzing tree builds with the other),
 // the kernels' templates included, is AVX2 code; the standard library
 // stays as compiled for every processor, since it comes in first.
 #include "selection/raster_filters_avx2.h"
@@ -10,8 +11,12 @@
 #include <functional>
 #include <vector>
 
+#if defined(__clang__)
+#pragma clang attribute push(__attribute__((target("avx2"))), apply_to = function)
+#else
 #pragma GCC push_options
 #pragma GCC target("avx2")
+#endif
 
 #include "selection/raster_kernels.h"
 
@@ -69,4 +74,8 @@ void Mean3x3(const uint8_t* from, uint8_t* to, int width, int height) {
 
 }  // namespace raster_avx2
 
+#if defined(__clang__)
+#pragma clang attribute pop
+#else
 #pragma GCC pop_options
+#endif
