@@ -41,14 +41,7 @@ Box ChosenBox(const Canvas* canvas) {
           canvas->smoothZoomTop + canvas->canvasHeight / factor - 1};
 }
 
-void Progress(int layer) {
-  platform::SendToWindow(platform::Window::StatusBar, platform::MsgStatus, 3,
-                         layer * 100 / kProgressLayers);
-}
-
-void ClearProgress() {
-  platform::SendToWindow(platform::Window::StatusBar, platform::MsgStatus, 0, 0);
-}
+void Progress(int layer) { platform::ShowProgress(layer * 100 / kProgressLayers); }
 
 void ZoomError() {
   platform::ShowMessageBox(platform::Window::Frame, "ZOOM ERROR", kProductName,
@@ -167,7 +160,7 @@ int EnterSmoothZoom(Canvas* canvas, int left, int top, int factor, int smooth) {
   }
   Settle(canvas);
   CanvasManager.MarkModified(canvas);
-  ClearProgress();
+  platform::ClearStatus();
   return 1;
 }
 
@@ -186,7 +179,7 @@ int LeaveSmoothZoom(Canvas* canvas) {
   Settle(canvas);
   canvas->smoothZoom = 0;
   if (viewWindows.invalidate) viewWindows.invalidate(canvas);
-  ClearProgress();
+  platform::ClearStatus();
   return 1;
 }
 

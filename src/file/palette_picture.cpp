@@ -8,7 +8,6 @@ namespace {
 
 constexpr int kCells = 4096;
 constexpr int kPicks = 255;
-constexpr int kProgressCode = 3;
 
 constexpr uint8_t kPatterns[16][8] = {
     {0x00, 0x00, 0x00, 0x00, 0x00, 0x00, 0x00, 0x00}, {0x88, 0x00, 0x00, 0x00, 0x88, 0x00, 0x00, 0x00},
@@ -21,9 +20,6 @@ constexpr uint8_t kPatterns[16][8] = {
     {0xEE, 0xFF, 0xFF, 0xFF, 0xEE, 0xFF, 0xFF, 0xFF}, {0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF},
 };
 
-void Progress(int percent) {
-  platform::SendToWindow(platform::Window::StatusBar, platform::MsgStatus, kProgressCode, percent);
-}
 
 int Percent(int row, int rows, int from, int span) {
   return from + (rows > 1 ? span * row / (rows - 1) : 0);
@@ -84,7 +80,7 @@ QuantisedImage QuantisePicture(const PaletteSource& source) {
       slot3(size_t(source.width));
   std::vector<int64_t> histogram(kCells, 0);
   for (int y = 0; y < source.height; ++y) {
-    Progress(Percent(y, source.height, 0, 30));
+    platform::ShowProgress(Percent(y, source.height, 0, 30));
     source.row(y, rgb.data(), slot2.data(), slot3.data());
     for (int x = 0; x < source.width; ++x) {
       if (!Opaque(slot2[size_t(x)], slot3[size_t(x)])) continue;
@@ -104,7 +100,7 @@ QuantisedImage QuantisePicture(const PaletteSource& source) {
       out.palette[kTransparentIndex * 4 + 2] = 255;
   out.indices.assign(size_t(source.width) * size_t(source.height), kTransparentIndex);
   for (int y = 0; y < source.height; ++y) {
-    Progress(Percent(y, source.height, 30, 70));
+    platform::ShowProgress(Percent(y, source.height, 30, 70));
     source.row(y, rgb.data(), slot2.data(), slot3.data());
     for (int x = 0; x < source.width; ++x) {
       if (!Opaque(slot2[size_t(x)], slot3[size_t(x)])) continue;
@@ -113,6 +109,6 @@ QuantisedImage QuantisePicture(const PaletteSource& source) {
           uint8_t(Mapped({p[0], p[1], p[2]}, out.palette, x, y));
     }
   }
-  platform::SendToWindow(platform::Window::StatusBar, platform::MsgStatus, 0, 0);
+  platform::ClearStatus();
   return out;
 }

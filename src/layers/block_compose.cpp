@@ -9,7 +9,6 @@
 
 namespace {
 
-constexpr int kProgressCode = 3;
 
 using BlockComposer = DibTile* (*)(Canvas*, int, int, int, int, int);
 
@@ -40,19 +39,11 @@ int WriteBlock(Canvas* source, BlockComposer make, int baseOpaque, Plane* plane,
 
 }  // namespace
 
-void ShowProgress(int percent) {
-  platform::SendToWindow(platform::Window::StatusBar, platform::MsgStatus, kProgressCode, percent);
-}
-
-void ClearProgress() {
-  platform::SendToWindow(platform::Window::StatusBar, platform::MsgStatus, 0, 0);
-}
-
 int ComposeIntoPlanes(Canvas* source, int baseOpaque, Plane* image, Plane* coverage, int left,
                       int top, bool showProgress) {
   const int width = source->canvasWidth, height = source->canvasHeight;
   for (int y = 0; y < height; y += kMergeBlock) {
-    if (showProgress) ShowProgress(y * 100 / height);
+    if (showProgress) platform::ShowProgress(y * 100 / height);
     for (int x = 0; x < width; x += kMergeBlock)
       if (!WriteBlock(source, PictureBlock, baseOpaque, image, x, y, left, top)) return 0;
   }

@@ -13,7 +13,3 @@ constexpr int kMergeBlock = 256;
 // when a tile can't be made (the blocks done so far stay written).
 int ComposeIntoPlanes(Canvas* source, int baseOpaque, Plane* image, Plane* coverage, int left,
                       int top, bool showProgress);
-
-// The status bar's progress, and its clearing.
-void ShowProgress(int percent);
-void ClearProgress();

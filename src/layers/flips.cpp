@@ -74,17 +74,17 @@ int FlipLayer(Canvas* canvas, FlipAxis axis) {
     if (axis == FlipAxis::Vertical) {
       for (int a = box.top, b = box.bottom; a < b; ++a, --b) {
         if ((a - box.top) % kProgressRows == 0)
-          ShowProgress((a - box.top) * 200 / std::max(box.Height(), 1));
+          platform::ShowProgress((a - box.top) * 200 / std::max(box.Height(), 1));
         SwapRows(canvas, slots[0], plane, box, a, b, rows);
       }
     } else {
       for (int y = box.top; y <= box.bottom; ++y) {
-        if ((y - box.top) % kProgressRows == 0) ShowProgress((y - box.top) * 100 / box.Height());
+        if ((y - box.top) % kProgressRows == 0) platform::ShowProgress((y - box.top) * 100 / box.Height());
         MirrorRow(canvas, slots[0], plane, box, y, rows);
       }
     }
   }
-  ClearProgress();
+  platform::ClearStatus();
   UndoHistory.RecordUndo(canvas, first, 1, box.left + slots[0].left, box.top + slots[0].top,
                          box.right + slots[0].left, box.bottom + slots[0].top, 0);
   canvas->activePlane = active;

@@ -20,7 +20,7 @@ int MergeDown(Canvas* canvas, int planeIndex, int mergeTransparency) {
   PlaneSlot* base = canvas->planes;
   Plane* coverage = mergeTransparency ? base[kTransparencyPosition].plane : nullptr;
   const int merged = ComposeIntoPlanes(canvas, 1, base[kImagePosition].plane, coverage, 0, 0, true);
-  ClearProgress();
+  platform::ClearStatus();
   *canvas = *saved;
   saved.reset();
   if (!merged) return 0;

@@ -82,6 +82,12 @@ int ShowMessageBox(Window owner, const std::string& text, const std::string& cap
 // Sends a message to a window and returns its result.
 intptr_t SendToWindow(Window to, uint32_t message, intptr_t wParam, intptr_t lParam);
 
+// The status bar's progress in percent, and the status bar cleared.
+inline void ShowProgress(int percent) {
+  SendToWindow(Window::StatusBar, MsgStatus, kStatusProgress, percent);
+}
+inline void ClearStatus() { SendToWindow(Window::StatusBar, MsgStatus, kStatusClear, 0); }
+
 // Anonymous, page-file backed shared memory seen through movable views.
 using MappingHandle = void*;
 MappingHandle CreateMapping(uint64_t size, const std::string& name);  // null on failure

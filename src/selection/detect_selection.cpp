@@ -158,7 +158,7 @@ int ExecutePick() {
   DibTile* band = nullptr;
   int bandTop = 0;
   for (int y = 0; y < lh; ++y) {
-    if (y % kProgressEvery == 0) ShowProgress(100 * y / lh);
+    if (y % kProgressEvery == 0) platform::ShowProgress(100 * y / lh);
     const uint8_t* row = pixels.data();
     if (pickDisplayed) {
       if (!band || y - bandTop >= kComposeBand) {
@@ -181,7 +181,7 @@ int ExecutePick() {
   }
   FreeTile(&band);
   canvas->activePlane = saved;
-  ClearProgress();
+  platform::ClearStatus();
   Repaint(canvas);
   return 1;
 }

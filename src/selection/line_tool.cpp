@@ -76,8 +76,7 @@ void DragEnd(Canvas* canvas, Line line, int end) {
       });
   Store(canvas, line);
   EraseOutline(canvas);
-  platform::SendToWindow(platform::Window::StatusBar, platform::MsgStatus, platform::kStatusClear,
-                         0);
+  platform::ClearStatus();
 }
 
 void DragBody(Canvas* canvas, const Line& from, CanvasPoint grab) {

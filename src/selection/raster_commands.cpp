@@ -23,11 +23,6 @@
 
 namespace {
 
-void ShowProgress(int percent) {
-  platform::SendToWindow(platform::Window::StatusBar, platform::MsgStatus,
-                         platform::kStatusProgress, percent);
-}
-
 void Repaint(Canvas* canvas) {
   SelectionRasterChanged(canvas);
   if (viewWindows.invalidate) viewWindows.invalidate(canvas);
@@ -89,7 +84,7 @@ void MinMaxPasses(Canvas* canvas, int radius, bool takeMax) {
   int pass = 0;
   const auto reach = [&](int y) {
     for (; pass < radius && int64_t{pass} * copy.height <= int64_t{y} * radius; ++pass)
-      ShowProgress(100 * pass / std::max(radius - 1, 1));
+      platform::ShowProgress(100 * pass / std::max(radius - 1, 1));
   };
   MinMaxSquare(copy.bytes.get(), other.get(), copy.width, copy.height, radius, takeMax, reach);
   reach(copy.height);  // a raster of fewer rows than passes
@@ -105,7 +100,7 @@ void SquareMeanOfRaster(Canvas* canvas, int radius) {
   const int last = std::max(copy.height - 1, 1);
   int shown = -1;
   SquareMean(copy.bytes.get(), other.get(), copy.width, copy.height, radius, [&](int y) {
-    if (const int percent = 100 * y / last; percent != shown) ShowProgress(shown = percent);
+    if (const int percent = 100 * y / last; percent != shown) platform::ShowProgress(shown = percent);
   });
   std::swap(copy.bytes, other);
   WriteRaster(canvas, copy);
@@ -116,7 +111,7 @@ void DitherRaster(Canvas* canvas, int radius) {
   if (!copy.bytes) return;
   DitherRandom random;
   for (int i = 0; i < radius; ++i) {
-    ShowProgress(100 * i / std::max(radius - 1, 1));
+    platform::ShowProgress(100 * i / std::max(radius - 1, 1));
     DitherPass(copy.bytes.get(), copy.width, copy.height, random);
   }
   WriteRaster(canvas, copy);

@@ -194,8 +194,7 @@ int SeedFill(Canvas* canvas, int x, int y, bool adding) {
   platform::SendToWindow(platform::Window::StatusBar, platform::MsgStatus, platform::kStatusText,
                          reinterpret_cast<intptr_t>(cancel.c_str()));
   const Rect extent = SpanFill(area, width, height, SeedPoint{x, y});
-  platform::SendToWindow(platform::Window::StatusBar, platform::MsgStatus, platform::kStatusClear,
-                         0);
+  platform::ClearStatus();
 
   EnsurePlane(canvas, 0);
   // Not adding, every row is written whole, 255 but for the marks.

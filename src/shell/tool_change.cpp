@@ -45,7 +45,7 @@ void ChangeTool(int tool, const std::string& path) {
     toolStateHooks.Run();
   }
   if (shellWindows.toolButtonsChanged) shellWindows.toolButtonsChanged(previous, currentTool);
-  platform::SendToWindow(platform::Window::StatusBar, platform::MsgStatus, 0, 0);
+  platform::ClearStatus();
   if (IsDraftTool(previous)) lastDraftTool = previous;
 }
 
