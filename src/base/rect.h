@@ -21,6 +21,13 @@ struct Rect {
 // the largest canvas, Union with it gives that box.
 inline constexpr Rect kNoBox{999999, 999999, 0, 0};
 
+// The same rectangle with its sides swapped where they stand the wrong way
+// round, as a box dragged up or to the left gives them.
+constexpr Rect Ordered(const Rect& r) {
+  return {std::min(r.left, r.right), std::min(r.top, r.bottom), std::max(r.left, r.right),
+          std::max(r.top, r.bottom)};
+}
+
 // The smallest rectangle holding both; for boxes gathered from kNoBox.
 constexpr Rect Union(const Rect& a, const Rect& b) {
   return {std::min(a.left, b.left), std::min(a.top, b.top), std::max(a.right, b.right),

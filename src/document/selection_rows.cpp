@@ -46,7 +46,7 @@ uint8_t ReadSelectionPixel(Canvas* canvas, int x, int y) {
 
 Rect SelectionBounds(Canvas* canvas) {
   const int width = canvas->canvasWidth, height = canvas->canvasHeight;
-  if (!canvas->selectionPlane) return Rect{0, 0, width - 1, height - 1};
+  if (!canvas->selectionPlane) return WholeCanvas(canvas);
   Rect bounds{INT_MAX, INT_MAX, INT_MIN, INT_MIN};
   std::vector<uint8_t> row(static_cast<size_t>(width));
   for (int y = 0; y < height; ++y) {

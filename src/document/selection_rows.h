@@ -40,3 +40,11 @@ Rect SelectionBounds(Canvas* canvas);
 inline Rect SelectionBox(const Canvas* canvas) {
   return Rect{canvas->selLeft, canvas->selTop, canvas->selRight, canvas->selBottom};
 }
+inline void SetSelectionBox(Canvas* canvas, const Rect& box) {
+  canvas->selLeft = box.left, canvas->selTop = box.top;
+  canvas->selRight = box.right, canvas->selBottom = box.bottom;
+}
+// The box of a canvas without a Draft: the whole canvas.
+inline Rect WholeCanvas(const Canvas* canvas) {
+  return Rect::OfSize(0, 0, canvas->canvasWidth, canvas->canvasHeight);
+}

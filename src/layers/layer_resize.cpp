@@ -11,6 +11,7 @@
 #include "display/zoom.h"
 #include "document/canvas_manager.h"
 #include "document/canvas_slots.h"
+#include "document/selection_rows.h"
 #include "document/undo_history.h"
 #include "layers/layer_command.h"
 #include "layers/layer_copy.h"
@@ -203,9 +204,7 @@ int ResizeLayer(Canvas* canvas, int planeIndex, const SideChoice& sides) {
     // The other layers keep their place over the picture.
     CanvasManager.NormalizeOrigins(canvas);
     canvas->selectionKind = 0;
-    canvas->selLeft = canvas->selTop = 0;
-    canvas->selRight = canvas->canvasWidth - 1;
-    canvas->selBottom = canvas->canvasHeight - 1;
+    SetSelectionBox(canvas, WholeCanvas(canvas));
     if (viewWindows.resendDocumentSize) viewWindows.resendDocumentSize(canvas);
   }
   layersTitleHooks.Run(canvas);

@@ -148,9 +148,7 @@ int ExecutePick() {
   if (pickTarget == 0) {
     EnsurePlane(canvas, 1);
     canvas->selectionKind = cmd::kSeedFill;
-    canvas->selLeft = canvas->selTop = 0;
-    canvas->selRight = canvas->canvasWidth - 1;
-    canvas->selBottom = canvas->canvasHeight - 1;
+    SetSelectionBox(canvas, WholeCanvas(canvas));
   }
   const uint8_t hit = pickTarget == 0 ? 0 : 255, miss = pickTarget == 0 ? 255 : 0;
   PickRows pick(hit, miss);

@@ -30,19 +30,13 @@ DraftAllows AllowedBy(int selectionKind) {
 
 namespace {
 
-void OrderBox(Canvas* canvas) {
-  if (canvas->selLeft > canvas->selRight) std::swap(canvas->selLeft, canvas->selRight);
-  if (canvas->selTop > canvas->selBottom) std::swap(canvas->selTop, canvas->selBottom);
-}
-
 // An open path selects nothing of its own; its box is that of its nodes.
 void BoxOfNodes(Canvas* canvas) {
   if (Draft.nodeCount <= 0) return;
   Rect box{INT_MAX, INT_MAX, INT_MIN, INT_MIN};
   for (int i = 0; i < std::min(Draft.nodeCount, kMaxPathNodes); ++i)
     box = Union(box, Rect{Draft.nodes[i].x, Draft.nodes[i].y, Draft.nodes[i].x, Draft.nodes[i].y});
-  canvas->selLeft = box.left, canvas->selTop = box.top;
-  canvas->selRight = box.right, canvas->selBottom = box.bottom;
+  SetSelectionBox(canvas, box);
 }
 
 }  // namespace
@@ -50,7 +44,7 @@ void BoxOfNodes(Canvas* canvas) {
 void CommitShape(Canvas* canvas, int addToHistory, int repaint) {
   const int kind = canvas->selectionKind;
   if (kind != cmd::kSeedFill) EnsurePlane(canvas, 1);
-  if (kind != cmd::kSelectionLine) OrderBox(canvas);
+  if (kind != cmd::kSelectionLine) SetSelectionBox(canvas, Ordered(SelectionBox(canvas)));
   switch (kind) {
     case cmd::kSelectionBox:
       RasterizeBox(canvas, SelectionBox(canvas));
@@ -93,9 +87,7 @@ void EraseOutline(Canvas* canvas) {
 void Deselect(Canvas* canvas) {
   EraseOutline(canvas);
   canvas->selectionKind = kNoDraft;
-  canvas->selLeft = canvas->selTop = 0;
-  canvas->selRight = canvas->canvasWidth - 1;
-  canvas->selBottom = canvas->canvasHeight - 1;
+  SetSelectionBox(canvas, WholeCanvas(canvas));
   canvas->draftPointCount = 0;
   ClearPath();
   draftAllowsHooks.Run();

@@ -5,6 +5,7 @@
 #include <cstdlib>
 
 #include "base/command_ids.h"
+#include "document/selection_rows.h"
 #include "platform/platform.h"
 #include "selection/draft_engine.h"
 #include "selection/draft_outline.h"
@@ -25,8 +26,7 @@ Line LineOf(const Canvas* canvas) {
 }
 
 void Store(Canvas* canvas, const Line& line) {
-  canvas->selLeft = line.start.x, canvas->selTop = line.start.y;
-  canvas->selRight = line.end.x, canvas->selBottom = line.end.y;
+  SetSelectionBox(canvas, {line.start.x, line.start.y, line.end.x, line.end.y});
 }
 
 void Outline(Canvas* canvas, const Line& line, bool atRest) {

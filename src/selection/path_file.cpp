@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "base/command_ids.h"
+#include "document/selection_rows.h"
 #include "platform/platform.h"
 #include "selection/draft.h"
 #include "selection/draft_engine.h"
@@ -99,9 +100,7 @@ int SavePath(Canvas* canvas, int clearAfterwards) {
   if (!written || !closed) return 0;
   if (clearAfterwards) {
     canvas->selectionKind = kNoDraft;
-    canvas->selLeft = canvas->selTop = 0;
-    canvas->selRight = canvas->canvasWidth - 1;
-    canvas->selBottom = canvas->canvasHeight - 1;
+    SetSelectionBox(canvas, WholeCanvas(canvas));
     canvas->draftPointCount = 0;
   }
   return 1;
@@ -117,8 +116,7 @@ int RestorePath(Canvas* canvas, int reshow) {
   if (read != kFileBytes) return 0;
   const auto stored = std::make_unique<StoredPath>(bytes);
   if (!stored->Sane()) return 0;
-  canvas->selLeft = stored->box[0], canvas->selTop = stored->box[1];
-  canvas->selRight = stored->box[2], canvas->selBottom = stored->box[3];
+  SetSelectionBox(canvas, {stored->box[0], stored->box[1], stored->box[2], stored->box[3]});
   std::copy(std::begin(stored->nodes), std::end(stored->nodes), Draft.nodes);
   Draft.nodeCount = stored->nodeCount;
   Draft.closed = stored->closed;

@@ -122,8 +122,7 @@ void DitherRaster(Canvas* canvas, int radius) {
 void SelectAll(Canvas* canvas) {
   Deselect(canvas);
   canvas->selectionKind = cmd::kSelectionBox;
-  canvas->selLeft = 0, canvas->selTop = 0;
-  canvas->selRight = canvas->canvasWidth - 1, canvas->selBottom = canvas->canvasHeight - 1;
+  SetSelectionBox(canvas, WholeCanvas(canvas));
   Repaint(canvas);
 }
 
@@ -131,8 +130,7 @@ void SelectByLayerSize(Canvas* canvas) {
   Deselect(canvas);
   const PlaneSlot& layer = canvas->planes[ActiveLayerBase(canvas)];
   canvas->selectionKind = cmd::kSelectionBox;
-  canvas->selLeft = layer.left, canvas->selTop = layer.top;
-  canvas->selRight = layer.left + layer.width - 1, canvas->selBottom = layer.top + layer.height - 1;
+  SetSelectionBox(canvas, Rect::OfSize(layer.left, layer.top, layer.width, layer.height));
   Repaint(canvas);
 }
 
@@ -145,9 +143,7 @@ void InvertSelection(Canvas* canvas) {
   }
   BecomeShapeless(canvas);
   canvas->draftPointCount = 0;
-  const Rect bounds = SelectionBounds(canvas);
-  canvas->selLeft = bounds.left, canvas->selTop = bounds.top;
-  canvas->selRight = bounds.right, canvas->selBottom = bounds.bottom;
+  SetSelectionBox(canvas, SelectionBounds(canvas));
   Repaint(canvas);
 }
 

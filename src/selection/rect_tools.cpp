@@ -23,12 +23,6 @@ struct RectShape {
   bool circle;
 };
 
-Rect Ordered(Rect r) {
-  if (r.left > r.right) std::swap(r.left, r.right);
-  if (r.top > r.bottom) std::swap(r.top, r.bottom);
-  return r;
-}
-
 Rect HeldToCanvas(const Canvas* canvas, const Rect& r) {
   const CanvasPoint a = ClampToCanvas(canvas, {r.left, r.top});
   const CanvasPoint b = ClampToCanvas(canvas, {r.right, r.bottom});
@@ -101,8 +95,7 @@ std::string Hover(Canvas* canvas, const RectShape& shape) {
 // The shape becomes the canvas's Draft and its raster, and shows at rest.
 void Settle(Canvas* canvas, int kind, const Rect& box) {
   canvas->selectionKind = kind;
-  canvas->selLeft = box.left, canvas->selTop = box.top;
-  canvas->selRight = box.right, canvas->selBottom = box.bottom;
+  SetSelectionBox(canvas, box);
   CommitShape(canvas, 1, 1);
   EraseOutline(canvas);
 }

@@ -201,9 +201,7 @@ int SeedFill(Canvas* canvas, int x, int y, bool adding) {
   const Rect whole{0, 0, width - 1, height - 1};
   if (!adding || !extent.Empty()) WriteMarks(canvas, area, adding ? extent : whole, adding);
   SelectionRasterChanged(canvas);
-  const Rect box = adding ? whole : extent;
-  canvas->selLeft = box.left, canvas->selTop = box.top;
-  canvas->selRight = box.right, canvas->selBottom = box.bottom;
+  SetSelectionBox(canvas, adding ? whole : extent);
   return 1;
 }
 
@@ -215,7 +213,6 @@ void SeedFillAtPointer(Canvas* canvas) {
 
 void PressSeedFill(Canvas* canvas) {
   canvas->selectionKind = cmd::kSeedFill;
-  canvas->selLeft = kNoSeedExtent.left, canvas->selTop = kNoSeedExtent.top;
-  canvas->selRight = kNoSeedExtent.right, canvas->selBottom = kNoSeedExtent.bottom;
+  SetSelectionBox(canvas, kNoSeedExtent);
   CommitShape(canvas, 1, 1);
 }

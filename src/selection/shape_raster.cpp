@@ -133,5 +133,5 @@ void RasterizePolygon(Canvas* canvas, int count) {
     for (size_t k = 0; k + 1 < crossings.size(); k += 2)
       ZeroSpan(canvas, y, crossings[k], crossings[k + 1]);
   }
-  canvas->selLeft = minX, canvas->selTop = minY, canvas->selRight = maxX, canvas->selBottom = maxY;
+  SetSelectionBox(canvas, {minX, minY, maxX, maxY});
 }

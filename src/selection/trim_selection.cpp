@@ -19,14 +19,8 @@ struct TrimmedPart {
   Rect whole, part;
 };
 
-Rect OrderedBox(const Canvas* canvas) {
-  const Rect box = SelectionBox(canvas);
-  return Rect{std::min(box.left, box.right), std::min(box.top, box.bottom),
-              std::max(box.left, box.right), std::max(box.top, box.bottom)};
-}
-
 std::vector<TrimmedPart> TrimmedParts(const Canvas* source) {
-  const Rect box = OrderedBox(source);
+  const Rect box = Ordered(SelectionBox(source));
   std::vector<TrimmedPart> parts;
   for (int layer = 0; layer < CanvasManager.LayerCount(source); ++layer) {
     const PlaneSlot& image = source->planes[SlotIndex(layer, 0)];
@@ -43,7 +37,7 @@ std::vector<TrimmedPart> TrimmedParts(const Canvas* source) {
 int RequestTrimmedCanvas(Canvas* source) {
   const std::vector<TrimmedPart> parts = TrimmedParts(source);
   if (parts.empty()) return 0;
-  const Rect box = OrderedBox(source);
+  const Rect box = Ordered(SelectionBox(source));
   RequestLayersOf(source, kModeTrimSelection, CanvasManager.LayerCount(source));
   // The entries of the layers that take part move down over those that
   // don't, each with its part's place and size.
